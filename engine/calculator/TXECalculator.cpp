@@ -1,0 +1,177 @@
+// The driver: lay the blocks out, put in the variables' values, reduce list after list.
+
+#include "engine/calculator/TXECalculator.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "engine/calculator/messages.h"
+#include "engine/controller/TXEquationController.h"
+#include "engine/records/filled.h"
+
+namespace {
+
+constexpr std::u16string_view undefinedValueName = u"nil";
+
+}  // namespace
+
+TXECalculator::TXECalculator(TXEquationController& controller) : equationController_(&controller) {}
+
+void TXECalculator::reset() {
+    equationBlocks_ = nullptr;
+    currentEquationResult_ = nullptr;
+    isThereAnError_ = false;
+    finalAnswer_ = 0.0;
+    equationBlocksLength_ = 0;
+    preferencesRadians_ = equationController_->useRadians();
+}
+
+TXResult* TXECalculator::calculateEquation(TXEquation& equation) {
+    TXResult* result = equation.lastResult();
+    if (result == nullptr || result->isErrorMessage()) {
+        return result;
+    }
+    reset();
+    currentEquationResult_ = result;
+    equationBlocks_ =
+        equation.rightEquationBlocks() != nullptr ? equation.rightEquationBlocks() : equation.leftEquationBlocks();
+    prepareForCalculation();
+    if (!isThereAnError_) {
+        calculateEquation();
+    }
+    if (!isThereAnError_) {
+        result->setNumber(listValue(0));
+    }
+    freeArrays();
+    return result;
+}
+
+void TXECalculator::prepareForCalculation() {
+    freeArrays();
+    if (equationBlocks_ == nullptr) {
+        return;
+    }
+    const auto info = equationBlocks_->info();
+    equationBlocksLength_ = equationBlocks_->size();
+    equationBlockValues_.resize(info.size());
+    equationBlockPositions_.reserve(info.size());
+    equationBlockStructs_.reserve(info.size());
+    TXBlockValues_.reserve(static_cast<std::size_t>(equationBlocks_->blockCount()));
+    for (std::size_t list = 0; list < info.size(); ++list) {
+        const auto start = static_cast<std::int32_t>(TXBlockValues_.size());
+        equationBlockPositions_.push_back({.start = start, .length = info[list].blockRange().length});
+        equationBlockStructs_.push_back(info[list].parentBlockInfoStruct());
+        for (const TXBlock& block : std::as_const(*equationBlocks_)[static_cast<std::int32_t>(list)]) {
+            takeBlock(block);
+        }
+    }
+    txBlocksLength_ = equationBlocks_->blockCount();
+    if (!undefinedVariables_.empty()) {
+        reportUndefinedVariables();
+    }
+}
+
+// Lays one block out, with the value of its variable in place of its own number.
+void TXECalculator::takeBlock(const TXBlock& block) {
+    _TXBlockStruct& taken = TXBlockValues_.emplace_back(block.blockStruct());
+    if (taken.variablePointer == -1) {
+        return;
+    }
+    const TXVariableArray& variables = equationController_->variableArray();
+    if (variables.holds(taken.variablePointer) && variables[taken.variablePointer].isDefined()) {
+        taken.number = variables[taken.variablePointer].number();
+    } else {
+        undefinedVariables_.push_back(taken.variablePointer);
+    }
+}
+
+void TXECalculator::reportUndefinedVariables() {
+    if (!std::is_sorted(undefinedVariables_.begin(), undefinedVariables_.end())) {
+        std::sort(undefinedVariables_.begin(), undefinedVariables_.end());
+    }
+    undefinedVariables_.erase(std::unique(undefinedVariables_.begin(), undefinedVariables_.end()),
+                              undefinedVariables_.end());
+    createUndefinedVariableErrorMessage(undefinedVariables_);
+}
+
+void TXECalculator::freeArrays() {
+    equationBlockPositions_.clear();
+    equationBlockValues_.clear();
+    equationBlockStructs_.clear();
+    TXBlockValues_.clear();
+    undefinedVariables_.clear();
+    txBlocksLength_ = 0;
+}
+
+void TXECalculator::calculateEquation() {
+    for (std::int32_t list = equationBlocksLength_ - 1; list >= 0; --list) {
+        calculateFunctionsInBlock(list);
+        calculateMDASInBlock(list);
+        if (isThereAnError_) {
+            return;
+        }
+        if (list != 0) {
+            // The parent keeps its own sign, so -(2+3) is -5.
+            const auto [parentIndex, parentSubIndex] = equationBlockStructs_[static_cast<std::size_t>(list)];
+            const TXBlockRange parent = equationBlockPositions_[static_cast<std::size_t>(parentIndex)];
+            blockAt(parent.start + parentSubIndex).number = listValue(list);
+        }
+    }
+}
+
+void TXECalculator::calculateFunctionsInBlock(std::int32_t list) {
+    const TXBlockRange range = equationBlockPositions_[static_cast<std::size_t>(list)];
+    for (std::int32_t position = range.start; position < range.end(); ++position) {
+        _TXBlockStruct& block = blockAt(position);
+        if (block.TXFunction_ != -1) {
+            block.number = calculateTXFunction(block.TXFunction_, block.blockPointers);
+        }
+    }
+}
+
+// The value of a list that has been reduced; 0 where there is no such list.
+double TXECalculator::listValue(std::int32_t list) const {
+    const auto index = static_cast<std::size_t>(list);
+    return list >= 0 && index < equationBlockValues_.size() ? equationBlockValues_[index] : 0.0;
+}
+
+void TXECalculator::replaceBlockInParent(std::int32_t list) {
+    if (equationBlocks_ == nullptr || list <= 0 || list >= equationBlocks_->size()) {
+        return;
+    }
+    const auto [parentIndex, parentSubIndex] =
+        equationBlocks_->info()[static_cast<std::size_t>(list)].parentBlockInfoStruct();
+    const auto blocks = std::as_const(*equationBlocks_)[list];
+    if (blocks.empty() || parentIndex < 0) {
+        return;
+    }
+    TXBlock& parent = equationBlocks_->block(parentIndex, parentSubIndex);
+    if (parent.functionID() == -1) {
+        parent.setResultNumber(blocks.front().number());
+    }
+}
+
+void TXECalculator::logEquationBlocks() const {
+    for (std::int32_t position = 0; position < txBlocksLength_; ++position) {
+        [[maybe_unused]] const _TXBlockStruct& block = TXBlockValues_[static_cast<std::size_t>(position)];
+    }
+}
+
+void TXECalculator::createUndefinedVariableErrorMessage(const std::vector<std::int32_t>& variables) {
+    const TXVariableArray& known = equationController_->variableArray();
+    std::u16string names;
+    for (const std::int32_t variable : variables) {
+        names += names.empty() ? u"" : u", ";
+        names += known.holds(variable) ? std::u16string_view(known[variable].variableName()) : undefinedValueName;
+    }
+    const bool isOne = variables.size() == 1;
+    setErrorMessage(
+        filled(isOne ? calculatorMessages::undefinedVariable : calculatorMessages::undefinedVariables, {names}));
+}
+
+void TXECalculator::setErrorMessage(std::u16string message) {
+    if (currentEquationResult_ != nullptr) {
+        currentEquationResult_->setErrorMessage(std::move(message));
+    }
+    isThereAnError_ = true;
+}

@@ -1,0 +1,92 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "engine/records/TXEquation.h"
+#include "engine/records/TXVariableArray.h"
+
+class TXEquationController;
+
+/// The evaluator: reduces the block lists of a parsed equation to one number, or to a message for the user.
+///
+/// It lays the blocks of the side in one array and reduces the lists from the last to the first, so that every group
+/// and every argument is a number before the list that contains it. Arithmetic is IEEE 754 double; powers and functions
+/// are the C library's. One evaluator serves one controller, one equation at a time.
+class TXECalculator {
+public:
+    /// The controller is referred to, not owned, and must outlive the evaluator.
+    explicit TXECalculator(TXEquationController& controller);
+
+    /// Evaluates the right side of the equation, or the left when there is no right, and stores the number or the
+    /// message in the equation's own result, which it gives. A result that is an error already is given as it is; an
+    /// equation that was never parsed has none, and nullptr is given.
+    TXResult* calculateEquation(TXEquation& equation);
+
+    /// Forgets the equation and reads the controller's angle unit anew.
+    void reset();
+
+    // The steps of evaluating, public so that each can be tested by itself.
+
+    void prepareForCalculation();
+    void calculateEquation();
+    void calculateFunctionsInBlock(std::int32_t list);
+    /// One list: powers before products and quotients before sums and differences. Its value goes into the list's
+    /// place.
+    void calculateMDASInBlock(std::int32_t list);
+    /// The powers of the blocks from `from` to `toIndex`, positions in the array of all blocks, grouped from the right.
+    /// A sign in front of a base is applied to the power.
+    double calculateExponentsFromIndex(std::int32_t from, std::int32_t toIndex);
+    /// A built-in function by its id, of the values of the lists to which the links lead. Angles are radians or degrees
+    /// as the controller says. What is wrong with the call is reported; a number is given all the same.
+    double calculateTXFunction(std::int32_t function, const TXBlockPointerList& withArguments);
+    /// Snaps a trigonometric result within 1e-13 of 0 or 1 to it. Values near -1 are left as they are.
+    static double formatTrigFunction(double value);
+
+    /// Another way to hand the value of a list to the block that contains it. The driver does not take it.
+    void replaceBlockInParent(std::int32_t list);
+    /// A place for a debugger to stop and look at the blocks. Nothing to be seen comes of it.
+    void logEquationBlocks() const;
+
+    /// Reports that these variables, in ascending order, have no value. -2 is the undefined value, called nil.
+    void createUndefinedVariableErrorMessage(const std::vector<std::int32_t>& variables);
+    void setErrorMessage(std::u16string message);
+
+protected:
+    TXEquationController* equationController_;
+    TXBlockLists* equationBlocks_ = nullptr;  ///< The side being evaluated, with its information. The equation's own.
+    bool isThereAnError_ = false;
+    bool preferencesRadians_ = true;
+    double finalAnswer_ = 0.0;
+    std::int32_t equationBlocksLength_ = 0;
+    std::int32_t txBlocksLength_ = 0;
+    TXResult* currentEquationResult_ = nullptr;
+
+    // Filled for one equation and emptied after it; the memory serves the next.
+    std::vector<TXBlockRange> equationBlockPositions_;      ///< Where each list stands in `TXBlockValues_`.
+    std::vector<double> equationBlockValues_;               ///< The value of each list.
+    std::vector<_TXBlockInfoStruct> equationBlockStructs_;  ///< The parent of each list.
+    std::vector<_TXBlockStruct> TXBlockValues_;             ///< All blocks, the lists one after another.
+
+private:
+    void takeBlock(const TXBlock& block);
+    void reportUndefinedVariables();
+    void freeArrays();
+    _TXBlockStruct& blockAt(std::int32_t position) { return TXBlockValues_[static_cast<std::size_t>(position)]; }
+    double signedNumber(std::int32_t position) const;
+    double listValue(std::int32_t list) const;
+
+    // arithmetic
+    char16_t operatorWithin(std::int32_t position, std::int32_t last) const;
+    double termFrom(std::int32_t& position, std::int32_t last);
+    std::int32_t endOfChain(std::int32_t first, std::int32_t last) const;
+    double standaloneOperand(std::int32_t position);
+
+    // functions
+    double functionOfOne(std::int32_t function, double argument, std::u16string_view& message) const;
+    double functionOfTwo(std::int32_t function, double first, double second, std::u16string_view& message) const;
+    std::u16string_view functionName(std::int32_t function) const;
+
+    std::vector<std::int32_t> undefinedVariables_;
+};

@@ -1,0 +1,198 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/controller/TXDictionary.h"
+#include "engine/parser/TXBlockListsBuilder.h"
+#include "engine/records/TXEquation.h"
+#include "engine/records/TXFunction.h"
+#include "engine/records/TXPosition.h"
+#include "engine/records/TXVariableArray.h"
+
+class TXEquationController;
+
+/// The parser, which this system calls hashing: turns the text of one equation into the block lists of its left and
+/// right side, or refuses it with a message for the user. It computes nothing.
+///
+/// It reads the text once, from left to right, in time proportional to its length, and never recurses. Every operation
+/// that reads something leaves `equationPosition` on the last character that it took. Errors do not stop an operation
+/// at once; the scan ends after the character run in which the first was set, and the last message set is the one that
+/// stays.
+///
+/// One parser serves one controller, one equation at a time.
+class TXEHasher {
+public:
+    /// The controller is referred to, not owned, and must outlive the parser.
+    explicit TXEHasher(TXEquationController& controller);
+
+    /// Parses the equation's `masterString` and stores the block lists and the result on the equation; the result given
+    /// is the one that the equation holds. A refused equation has no block lists. Names that were unknown become
+    /// undefined variables of the controller, even where the equation is refused. `ans` in the text becomes the name
+    /// that it means.
+    TXResult* hashEquation(TXEquation& equation);
+
+    // TXEHasher_numbers.cpp: literals
+
+    /// Reads the literal that starts here and adds it as a number block.
+    void parseNumber();
+    /// The value of digits without their prefix; 0 and a message when one is no digit of the base.
+    double doubleFromBinary(std::u16string_view digits);
+    double doubleFromOctal(std::u16string_view digits);
+    double doubleFromHex(std::u16string_view digits);
+
+    // TXEHasher_operators.cpp: runs of operators, signs, groups
+
+    /// Reads the run of operators and parentheses that starts here.
+    void parseOperator();
+    /// Reads a run of "+", "-" and blanks. `parseNegativeNumber` tells whether it is negative: an odd number of "-".
+    void parseNegativeSign();
+    bool parseNegativeNumber() const { return parseNegativeNumber_; }
+    void addOperatorToStack(char16_t blockOperator);
+    void addNumberToStack(double number);
+    /// Appends the working block to the current list and starts the next one. Refused without an operator in between.
+    void addWorkingBlockToStack();
+
+    // TXEHasher_groups.cpp: opening and closing lists
+
+    /// Makes the working block a group that leads to this block list, and appends it.
+    void setCurrentBlockPointer(std::int32_t blockList);
+    /// Makes the working block a call of this function, appends it, and lets the next group be its argument.
+    void setBlockFunction(std::int32_t functionIndex);
+    void incrementBlockIndent();
+    void decrementBlockIndent();
+    /// The openers of further arguments, of matrices and of their elements. The scan does not reach them: commas and
+    /// square brackets are refused.
+    void incrementFunctionArgument();
+    void parseMatrix();
+    void incrementMatrixElement();
+    void incrementMatrixRow();
+
+    // TXEHasher_names.cpp: functions, variables, ans
+
+    /// Reads the name that starts here and adds its block.
+    void parseFunctionOrVariable();
+    /// Why the name cannot be a variable's, 0 when it can: 1 starts with a digit, 2 is a function, 3 is a keyword, 4
+    /// has no letter, 5 has a character that no name has, 6 is `ans` without an answer. The characters are read from
+    /// the equation, where the name must end at `equationPosition`.
+    std::int32_t validationCodeForVariableName(std::u16string_view name) const;
+    /// The position of the first variable with this name, -1 for none.
+    std::int32_t variableIndexForString(std::u16string_view name) const;
+    /// The id of the built-in function with this name, -1 for none.
+    std::int32_t functionIndexForString(std::u16string_view name) const;
+    /// Adds a variable block. An unknown name becomes an undefined variable.
+    void addVariableToStack(std::u16string_view name);
+    /// Adds the value of `nil` and `undefined`.
+    void addUndefinedVariableToStack();
+    /// Writes into the equation's text what each bare `ans` in it stood for.
+    void replaceAnsVariableInMasterEquationString(TXEquation& equation) const;
+
+    // TXEHasher_tolerances.cpp
+
+    /// Reads the tolerance that may follow a number or a name into the working block.
+    void parseTolerance();
+    /// Reads one number of a tolerance; 0 and a message where it is refused.
+    double parseToleranceNumber();
+
+    // TXEHasher_validation.cpp
+
+    /// Judges what only the whole equation shows: balance, and the target of an assignment.
+    void checkForPostHashingErrors();
+
+protected:
+    // The steps of `hashEquation`, for the parser and its tests. The controller resets the parser, too, when equations
+    // go.
+    friend class TXEquationController;
+    void reset();
+    void prepareForHashOfLeftSide();
+    void prepareForHashOfRightSide();
+    void prepareBlocks();
+    void gobbleWhitespace();
+    std::u16string_view getStringUpToOperator();
+    void setErrorMessage(std::u16string message);
+
+    void load(TXEquation& equation);
+    void hashCharacter(char16_t character);
+    void handOver(TXEquation& equation);
+
+    char16_t characterAt(std::int32_t position) const {
+        return static_cast<std::uint32_t>(position) < static_cast<std::uint32_t>(equationLength_)
+                   ? unicharEquation_[static_cast<std::size_t>(position)]
+                   : u'\0';
+    }
+    /// The block being made: it receives an operator, then an operand, and is then appended to the current list.
+    TXBlock& workingTXBlock() { return equationBlocks_.workingBlock(); }
+
+    /// The characters from `first` on, with a zero behind the last.
+    const char16_t* textFrom(std::int32_t first) const { return unicharEquation_.c_str() + first; }
+    /// The characters from `first` to `last`, both included.
+    std::u16string_view textBetween(std::int32_t first, std::int32_t last) const;
+
+    TXEquationController* equationController_;
+    std::u16string unicharEquation_;
+    std::vector<TXPosition> equationIndentTracker_;  ///< One entry for each level; entry 0 is the side's top level.
+    TXResult* currentEquationResult_ = nullptr;
+    bool isThereAnError_ = false;
+    TXBlockListsBuilder equationBlocks_;  ///< The lists of the side being parsed, with their information.
+    TXBlockLists leftEquationBlocks_;     ///< The left side, once "=" has ended it.
+    std::int32_t indexOfEquationToHash_ = 0;
+    std::vector<std::int32_t> positionsOfAnsVariable_;  ///< Ascending.
+    bool overloadedAnsBeforeEquals_ = false;
+    std::int32_t currentIndex_ = 0;
+    std::int32_t equationIndentLevel_ = 0;
+    std::int32_t equalsCount_ = 0;
+    std::int32_t equationPosition_ = 0;
+    std::int32_t equationLength_ = 0;
+    std::int32_t lastEquationPosition_ = -1;
+    std::int32_t positionBeforePreviousHash_ = 0;
+    std::int32_t positionBeforeHash_ = 0;
+    bool parseNegativeNumber_ = false;
+    std::int32_t namePosition_ = 0;  ///< Where the name being read begins.
+    std::u16string_view
+        undefinedWord_;  ///< The word typed for the undefined value before any "=", within `unicharEquation_`.
+
+private:
+    // numbers
+    struct DecimalLiteral;
+    bool parsePlainNumber(std::int32_t start);
+    void parsePrefixedNumber(std::int32_t start, std::int32_t radix);
+    void parseDecimalNumber(std::int32_t start);
+    DecimalLiteral scanDecimal(std::int32_t start);
+    void scanExponentSign(DecimalLiteral& literal);
+    std::u16string_view faultIn(const DecimalLiteral& literal) const;
+    double valueOf(const DecimalLiteral& literal) const;
+    double integerFromDigits(std::u16string_view digits, std::int32_t base, std::u16string_view badDigitMessage);
+    void finishNumber(double value, std::u16string_view mantissa);
+
+    // operators
+    class OperatorRun;
+    void reportMissingOperator(std::int32_t end);
+    bool quotesLater_ = false;
+    std::optional<std::int32_t> endOfQuotation_;  ///< Set while the message of a missing operator lacks its quotations.
+
+    // groups
+    TXPosition* positionAtLevel(std::int32_t level);
+    TXBlock* pendingBlock(const TXPosition& position);
+    void openArgument(std::int32_t list, std::int32_t subIndex);
+
+    // names
+    static bool isUndefinedWord(std::u16string_view name);
+    bool hasAnswer() const;
+    void addVariableBlock(std::int32_t variable);
+
+    // tolerances
+    struct ToleranceLiteral;
+    bool atTolerance();
+    bool readTolerance();
+    void skipBlanksAfterAdvancing();
+    std::u16string_view unsupportedTolerance() const;
+    std::u16string_view scanToleranceNumber(ToleranceLiteral& literal);
+    bool scanToleranceExponent(ToleranceLiteral& literal);
+
+    // validation
+    bool isSingleVariableOnTheLeft() const;
+    std::u16string refusalOfTarget(std::int32_t variable) const;
+};

@@ -1,0 +1,158 @@
+// Names: built-in functions, the undefined value, `ans`, and variables.
+//
+// A name is whatever stands between delimiters, so that a bad one is refused as a whole. Functions are recognised
+// first: the name of a function is never a variable.
+
+#include "engine/parser/TXEHasher.h"
+
+#include <utility>
+
+#include "engine/controller/TXEquationController.h"
+#include "engine/parser/characterClasses.h"
+#include "engine/parser/messages.h"
+#include "engine/records/filled.h"
+
+namespace {
+
+constexpr std::u16string_view answerName = u"ans";
+constexpr std::int32_t undefinedValue = -2;
+
+enum NameCode : std::int32_t {
+    validName = 0,
+    startsWithDigit = 1,
+    isFunction = 2,
+    isKeyword = 3,
+    hasNoLetter = 4,
+    hasBadCharacter = 5,
+    answerIsMissing = 6
+};
+
+std::u16string_view messageForCode(std::int32_t code) {
+    switch (code) {
+        case startsWithDigit: return parserMessages::nameStartsWithDigit;
+        case isFunction: return parserMessages::nameOfFunction;
+        case isKeyword: return parserMessages::nameIsKeyword;
+        case hasNoLetter: return parserMessages::nameWithoutLetter;
+        case answerIsMissing: return parserMessages::noAnswerYet;
+        default: return parserMessages::invalidName;
+    }
+}
+
+}  // namespace
+
+bool TXEHasher::isUndefinedWord(std::u16string_view name) { return name == u"undefined" || name == u"nil"; }
+
+void TXEHasher::parseFunctionOrVariable() {
+    namePosition_ = equationPosition_;
+    const std::u16string_view name = getStringUpToOperator();
+    if (name.empty()) {
+        setErrorMessage(std::u16string(parserMessages::emptyName));
+        return;
+    }
+    if (const std::int32_t function = functionIndexForString(name); function != -1) {
+        setBlockFunction(function);
+        return;
+    }
+    if (const std::int32_t code = validationCodeForVariableName(name); code != validName) {
+        setErrorMessage(filled(messageForCode(code), {name}));
+        return;
+    }
+    if (isUndefinedWord(name)) {
+        if (equalsCount_ == 0) {
+            undefinedWord_ = name;
+        }
+        addUndefinedVariableToStack();
+        return;
+    }
+    parseTolerance();
+    addVariableToStack(name);
+}
+
+std::int32_t TXEHasher::validationCodeForVariableName(std::u16string_view name) const {
+    const std::int32_t start = equationPosition_ - static_cast<std::int32_t>(name.size()) + 1;
+    if (isDigit(characterAt(start))) {
+        return startsWithDigit;
+    }
+    if (equationController_->functionDictionary().contains(name)) {
+        return isFunction;
+    }
+    if (equationController_->reservedKeywords().contains(name)) {
+        return isKeyword;
+    }
+    if (name == answerName && !hasAnswer()) {
+        return answerIsMissing;
+    }
+    bool hasLetter = false;
+    for (std::int32_t position = start; position <= equationPosition_; ++position) {
+        const char16_t character = characterAt(position);
+        if (!isValidVariableCharacter(character)) {
+            return hasBadCharacter;
+        }
+        hasLetter = hasLetter || isLetter(character);
+    }
+    return hasLetter ? validName : hasNoLetter;
+}
+
+// After `clearAll` the latest answer's position may lie past the end of the list: that answer is gone.
+bool TXEHasher::hasAnswer() const {
+    return equationController_->variableArray().holds(equationController_->lastVariableAssignedIndex());
+}
+
+std::int32_t TXEHasher::variableIndexForString(std::u16string_view name) const {
+    return equationController_->variableArray().indexOf(name);
+}
+
+std::int32_t TXEHasher::functionIndexForString(std::u16string_view name) const {
+    const TXFunction* function = equationController_->functionDictionary().find(name);
+    return function == nullptr ? -1 : function->functionIndex();
+}
+
+void TXEHasher::addVariableToStack(std::u16string_view name) {
+    std::int32_t variable = -1;
+    if (name == answerName) {
+        if (hasAnswer()) {
+            variable = equationController_->lastVariableAssignedIndex();
+            positionsOfAnsVariable_.push_back(namePosition_);
+        } else {
+            setErrorMessage(std::u16string(parserMessages::internalError));
+        }
+        overloadedAnsBeforeEquals_ = overloadedAnsBeforeEquals_ || equalsCount_ == 0;
+    } else {
+        variable = variableIndexForString(name);
+    }
+    if (variable == -1) {
+        TXVariable unknown = TXVariable::initWithName(std::u16string(name), false, 0.0);
+        variable = equationController_->variableArray().append(std::move(unknown)).variableIndex();
+    }
+    addVariableBlock(variable);
+}
+
+void TXEHasher::addUndefinedVariableToStack() { addVariableBlock(undefinedValue); }
+
+void TXEHasher::addVariableBlock(std::int32_t variable) {
+    if (TXBlockInfo* info = equationBlocks_.info(currentIndex_)) {
+        info->setIsDynamic(true);
+    }
+    workingTXBlock().setVariableID(variable);
+    addWorkingBlockToStack();
+}
+
+void TXEHasher::replaceAnsVariableInMasterEquationString(TXEquation& equation) const {
+    if (isThereAnError_ || positionsOfAnsVariable_.empty() || !hasAnswer()) {
+        return;
+    }
+    const TXVariableArray& variables = equationController_->variableArray();
+    const std::u16string_view text = unicharEquation_;
+    const std::u16string& replacement = variables[equationController_->lastVariableAssignedIndex()].variableName();
+    std::u16string rewritten;
+    rewritten.reserve(text.size() + positionsOfAnsVariable_.size() * replacement.size());
+    std::size_t copied = 0;
+    for (const std::int32_t position : positionsOfAnsVariable_) {
+        const auto start = static_cast<std::size_t>(position);
+        rewritten += text.substr(copied, start - copied);
+        rewritten += replacement;
+        copied = start + answerName.size();
+    }
+    rewritten += text.substr(copied);
+    equation.setMasterString(std::move(rewritten));
+}

@@ -1,0 +1,66 @@
+// What only the whole equation shows: whether its parentheses balance, and whether its left side can receive an answer.
+
+#include "engine/parser/TXEHasher.h"
+
+#include <utility>
+
+#include "engine/controller/TXEquationController.h"
+#include "engine/parser/messages.h"
+#include "engine/records/filled.h"
+
+namespace {
+
+// The one name of a constant. The variable's own lock is not asked.
+constexpr std::u16string_view lockedName = u"pi";
+
+}  // namespace
+
+void TXEHasher::checkForPostHashingErrors() {
+    if (isThereAnError_) {
+        return;
+    }
+    if (equationIndentLevel_ != 0) {
+        const bool isClosedTooOften = equationIndentLevel_ < 0;
+        setErrorMessage(
+            std::u16string(isClosedTooOften ? parserMessages::missingOpening : parserMessages::missingClosing));
+    }
+    if (equalsCount_ == 0) {
+        return;
+    }
+    if (!isSingleVariableOnTheLeft()) {
+        setErrorMessage(std::u16string(parserMessages::assignmentForm));
+        return;
+    }
+    const std::int32_t variable = leftEquationBlocks_[0].front().variableID();
+    if (std::u16string refusal = refusalOfTarget(variable); !refusal.empty()) {
+        setErrorMessage(std::move(refusal));
+    }
+    if (equationBlocks_.size() == 0) {
+        setErrorMessage(std::u16string(parserMessages::assignedNothing));
+    }
+    if (!isThereAnError_) {
+        currentEquationResult_->setVariableToAssign(variable);
+    }
+}
+
+bool TXEHasher::isSingleVariableOnTheLeft() const {
+    return leftEquationBlocks_.size() == 1 && leftEquationBlocks_[0].size() == 1 &&
+           leftEquationBlocks_[0].front().variableID() != -1;
+}
+
+// Why this variable cannot be assigned to; empty when it can. The undefined value stands in no list: its name is the
+// word that was typed for it.
+std::u16string TXEHasher::refusalOfTarget(std::int32_t variable) const {
+    const TXVariableArray& variables = equationController_->variableArray();
+    const std::u16string_view name = variables.holds(variable) ? variables[variable].variableName() : undefinedWord_;
+    if (name == lockedName) {
+        return filled(parserMessages::lockedVariable, {name});
+    }
+    if (overloadedAnsBeforeEquals_) {
+        return filled(parserMessages::lockedVariable, {u"ans"});
+    }
+    if (isUndefinedWord(name)) {
+        return filled(parserMessages::reservedTarget, {name});
+    }
+    return {};
+}

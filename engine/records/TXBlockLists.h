@@ -1,0 +1,64 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <utility>
+
+#include "engine/records/TXBlock.h"
+#include "engine/records/TXBlockInfo.h"
+
+/// The block lists of one side of an equation, with what is known of each.
+///
+/// List 0 is the side's top level; every other list is the inside of a group, a function argument or a matrix element,
+/// and comes after the list that contains it. The blocks of all lists lie in one array, each list's own in one run.
+///
+///     2*(3+x) -> list 0: 2, * list 1;  list 1: 3, + x
+///
+/// A session keeps the lists of every line, so blocks and information share one piece of memory of exactly their size.
+class TXBlockLists {
+public:
+    TXBlockLists() = default;
+    /// Takes over the blocks of both runs, one run after the other, and a copy of the information. Every range in
+    /// `info` must lie within them; the runs are left moved-from.
+    TXBlockLists(std::span<TXBlock> first, std::span<TXBlock> second, std::span<const TXBlockInfo> info);
+    TXBlockLists(const TXBlockLists&) = delete;
+    TXBlockLists& operator=(const TXBlockLists&) = delete;
+    TXBlockLists(TXBlockLists&& other) noexcept
+        : blocks_(std::exchange(other.blocks_, nullptr)),
+          blockCount_(std::exchange(other.blockCount_, 0)),
+          listCount_(std::exchange(other.listCount_, 0)) {}
+    TXBlockLists& operator=(TXBlockLists&& other) noexcept;
+    ~TXBlockLists() {
+        if (blocks_ != nullptr) {
+            release();
+        }
+    }
+
+    /// The number of lists. A side that exists has at least one.
+    std::int32_t size() const { return listCount_; }
+    bool empty() const { return listCount_ == 0; }
+
+    /// The blocks of the list at `index`, in reading order; `index` must be below `size()`.
+    std::span<const TXBlock> operator[](std::int32_t index) const {
+        const TXBlockRange range = info()[static_cast<std::size_t>(index)].blockRange();
+        return {blocks_ + range.start, static_cast<std::size_t>(range.length)};
+    }
+    /// The block at `subIndex` of the list at `index`, both of which must exist.
+    TXBlock& block(std::int32_t index, std::int32_t subIndex) {
+        return blocks_[info()[static_cast<std::size_t>(index)].blockRange().start + subIndex];
+    }
+
+    /// One record a list, in list order.
+    std::span<const TXBlockInfo> info() const { return {infoMemory(), static_cast<std::size_t>(listCount_)}; }
+
+    /// The number of blocks in all lists together.
+    std::int32_t blockCount() const { return blockCount_; }
+
+private:
+    const TXBlockInfo* infoMemory() const;
+    void release();
+
+    TXBlock* blocks_ = nullptr;  ///< The blocks, and behind them the information.
+    std::int32_t blockCount_ = 0;
+    std::int32_t listCount_ = 0;
+};

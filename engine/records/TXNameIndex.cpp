@@ -1,0 +1,64 @@
+#include "engine/records/TXNameIndex.h"
+
+#include <cstring>
+#include <utility>
+
+namespace {
+
+constexpr std::size_t firstSize = 32;
+constexpr std::size_t charactersAtOnce = sizeof(std::uint64_t) / sizeof(char16_t);
+
+// Multiplicative mixing (Knuth, The Art of Computer Programming 6.4) with the golden ratio's 64-bit fraction.
+std::uint64_t mixed(std::uint64_t hash, std::uint64_t piece) {
+    constexpr std::uint64_t goldenRatio = 0x9E3779B97F4A7C15;
+    constexpr int half = 32;
+    const std::uint64_t product = (hash ^ piece) * goldenRatio;
+    return product ^ (product >> half);
+}
+
+}  // namespace
+
+std::uint32_t TXNameIndex::hash(std::u16string_view name) {
+    std::uint64_t hash = name.size();
+    for (; name.size() >= charactersAtOnce; name.remove_prefix(charactersAtOnce)) {
+        std::uint64_t piece = 0;
+        std::memcpy(&piece, name.data(), sizeof piece);
+        hash = mixed(hash, piece);
+    }
+    std::uint64_t rest = 0;
+    for (const char16_t character : name) {
+        rest = rest << 16U | character;
+    }
+    return static_cast<std::uint32_t>(mixed(hash, rest));
+}
+
+void TXNameIndex::insert(std::uint32_t nameHash, std::int32_t position) {
+    if ((used_ + 1) * 4 > slots_.size() * 3) {
+        grow();
+    }
+    place({position, nameHash});
+    ++used_;
+}
+
+void TXNameIndex::clear() {
+    slots_.clear();
+    used_ = 0;
+}
+
+void TXNameIndex::grow() {
+    const std::size_t size = slots_.empty() ? firstSize : slots_.size() * 2;
+    const std::vector<Slot> old = std::exchange(slots_, std::vector<Slot>(size));
+    for (const Slot& entry : old) {
+        if (entry.position != none) {
+            place(entry);
+        }
+    }
+}
+
+void TXNameIndex::place(Slot entry) {
+    std::size_t slot = entry.hash & mask();
+    while (slots_[slot].position != none) {
+        slot = (slot + 1) & mask();
+    }
+    slots_[slot] = entry;
+}

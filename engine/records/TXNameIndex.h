@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+/// Finds names in a list in constant time. The list keeps the names; the index keeps for each name the position where
+/// it stands first, in an open-addressing hash table with linear probing.
+///
+/// A name's hash is computed once, with `hash`, and can then be used with several indexes.
+class TXNameIndex {
+public:
+    static constexpr std::int32_t none = -1;
+
+    static std::uint32_t hash(std::u16string_view name);
+
+    /// The first position of `name`, whose hash is `nameHash`, or -1. `nameAt` gives the name at a position.
+    template <class NameAt>
+    std::int32_t find(std::u16string_view name, std::uint32_t nameHash, const NameAt& nameAt) const {
+        if (slots_.empty()) {
+            return none;
+        }
+        for (std::size_t slot = nameHash & mask();; slot = (slot + 1) & mask()) {
+            const auto& [position, slotHash] = slots_[slot];
+            if (position == none || (slotHash == nameHash && nameAt(position) == name)) {
+                return position;
+            }
+        }
+    }
+
+    /// Adds a name that `find` did not find.
+    void insert(std::uint32_t nameHash, std::int32_t position);
+
+    /// Forgets every name.
+    void clear();
+
+private:
+    struct Slot {
+        std::int32_t position = none;
+        std::uint32_t hash = 0;
+    };
+
+    std::size_t mask() const { return slots_.size() - 1; }
+    void grow();
+    void place(Slot entry);
+
+    std::vector<Slot> slots_;  ///< A power of two of them, at most three quarters used.
+    std::size_t used_ = 0;
+};

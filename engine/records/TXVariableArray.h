@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <string_view>
+
+#include "engine/records/TXNameIndex.h"
+#include "engine/records/TXVariable.h"
+
+/// The variables of a session, in the order in which they came.
+///
+/// A variable's position and its address stay the same until `clear`, so both can stand for the variable. Two variables
+/// may have the same name; looking the name up gives the first.
+class TXVariableArray {
+public:
+    std::int32_t size() const { return static_cast<std::int32_t>(variables_.size()); }
+    /// Whether there is a variable at `position`; any number may be asked.
+    bool holds(std::int32_t position) const { return position >= 0 && position < size(); }
+
+    /// The variable at `position`, which the list must hold.
+    TXVariable& operator[](std::int32_t position) { return variables_[static_cast<std::size_t>(position)]; }
+    const TXVariable& operator[](std::int32_t position) const { return variables_[static_cast<std::size_t>(position)]; }
+    auto begin() const { return variables_.begin(); }
+    auto end() const { return variables_.end(); }
+
+    /// The position of the first variable with exactly this name, or -1. Takes constant time.
+    std::int32_t indexOf(std::u16string_view name) const { return indexOf(name, TXNameIndex::hash(name)); }
+    std::int32_t indexOf(std::u16string_view name, std::uint32_t nameHash) const;
+
+    /// Adds a variable at the end and tells it its position.
+    TXVariable& append(TXVariable&& variable);
+
+    void clear();
+
+private:
+    std::deque<TXVariable> variables_;
+    TXNameIndex index_;
+};
