@@ -56,7 +56,8 @@ bool TXEHasher::readTolerance() {
     ++equationPosition_;
     const char16_t first = characterAt(equationPosition_);
     if (first != u'.' && !isDigit(first)) {
-        setErrorMessage(std::u16string(parserMessages::toleranceWithoutNumber));
+        const bool isAtEnd = equationPosition_ >= equationLength_;
+        setErrorMessage(std::u16string(isAtEnd ? parserMessages::toleranceAtEnd : parserMessages::toleranceWithoutNumber));
         return false;
     }
     const double plus = parseToleranceNumber();

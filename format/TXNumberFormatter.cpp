@@ -1,0 +1,182 @@
+// The front door: settings in, text out.
+#include "format/TXNumberFormatter.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdlib>
+
+#include "engine/records/numberText.h"
+#include "format/wholeDigits.h"
+
+namespace {
+
+constexpr char16_t decimalCharacter = u'.';
+constexpr char16_t exponentCharacter = u'e';
+constexpr std::size_t longestExponent = 12;    // "e-2147483648"
+constexpr double smallestWithExponent = 1e15;  // of decimal answers
+
+/// Writes all digits of a block.
+template <std::size_t size>
+void writeBlock(const std::array<std::uint8_t, size>& block, char16_t* out) {
+    for (std::size_t position = 0; position < size; ++position) {
+        out[position] = static_cast<char16_t>(u'0' + block[position]);
+    }
+}
+
+/// Writes by whole blocks: `out` has room for one more than the digits need.
+char16_t* writeDigits(const std::uint8_t* from, const std::uint8_t* to, char16_t* out) {
+    char16_t* const end = out + (to - from);
+    for (; from < to; from += DigitList::blockSize, out += DigitList::blockSize) {
+        DigitList::Block block{};
+        std::copy_n(from, block.size(), block.begin());
+        writeBlock(block, out);
+    }
+    return end;
+}
+
+/// Writes a whole number that is not negative and below 10^16, in the same way.
+char16_t* writeWhole(std::int64_t whole, char16_t* out) {
+    const WholeDigits digits = wholeDigits(whole);
+    writeBlock(digits.first, out);
+    out += digits.firstCount;
+    if (digits.hasRest) {
+        writeBlock(digits.rest, out);
+        out += digits.rest.size();
+    }
+    return out;
+}
+
+/// Groups of three, counted from the point: `out` gets `whole` digits, and `separator` before each group but the first.
+char16_t* writeGroups(const std::uint8_t* digits, int whole, std::u16string_view separator, char16_t* out) {
+    constexpr int group = 3;
+    const int first = std::min((whole - 1) % group + 1, whole);
+    out = writeDigits(digits, digits + first, out);
+    for (int start = first; start < whole; start += group) {
+        out = std::copy(separator.begin(), separator.end(), out);
+        out = writeDigits(digits + start, digits + start + group, out);
+    }
+    return out;
+}
+
+char16_t* writeExponent(int exponent, char16_t* out) {
+    out[0] = exponentCharacter;
+    out[1] = u'-';
+    return writeWhole(std::abs(std::int64_t{exponent}), out + (exponent < 0 ? 2 : 1));
+}
+
+/// Whether `text` reads as the number 0, up to where it stops being a number.
+bool readsAsZero(std::u16string_view text) {
+    const std::size_t end = text.find_first_not_of(u"0.");
+    return end == std::u16string_view::npos || text[end] < u'1' || text[end] > u'9';
+}
+
+}  // namespace
+
+// Room for so many characters and for a block of digits behind them, with a sign in front.
+inline char16_t* TXNumberFormatter::roomFor(std::size_t characters) {
+    const std::size_t needed = 1 + characters + DigitList::blockSize;
+    if (text_.size() < needed) {
+        text_.resize(needed);
+    }
+    text_.front() = u'-';
+    return text_.data() + 1;
+}
+
+std::u16string_view TXNumberFormatter::formattedViewForNumber(double number) {
+    if (!isSetUp_) {
+        setInitValues();
+    }
+    prepareForFormat();
+    refreshFormatterSettings();
+    masterNumber_ = number;
+    if (const auto text = wholeNumberText(); !text.empty()) {
+        return text;
+    }
+    if (!std::isfinite(number)) {
+        return text_ = numberText(number);
+    }
+    switch (preferencesAnswerFormatting_) {
+        case TXFormattingType::binary: return binaryNumberForNumber();
+        case TXFormattingType::octal: return octalNumberForNumber();
+        case TXFormattingType::hexadecimal: return hexNumberForNumber();
+        default: break;
+    }
+    setNumber(number);
+    if (preferencesDecimalPlaces_ == automatic) {
+        return roundToSignificantFigures(preferencesSignificantFigures_);
+    }
+    return roundToDecimal(preferencesDecimalPlaces_);
+}
+
+// The digits of a whole number are its answer already, unless they are to be rounded, filled up or grouped.
+std::u16string_view TXNumberFormatter::wholeNumberText() {
+    const bool isShownAsItIs = preferencesAnswerFormatting_ == TXFormattingType::decimal &&
+                               preferencesDecimalPlaces_ == automatic && preferencesSignificantFigures_ == automatic &&
+                               !preferencesThousandsSeperators_;
+    if (!isShownAsItIs || !(std::fabs(masterNumber_) < smallestWithExponent)) {
+        return {};
+    }
+    const auto whole = static_cast<std::int64_t>(masterNumber_);
+    if (static_cast<double>(whole) != masterNumber_) {
+        return {};
+    }
+    char16_t* const begin = roomFor(0);
+    const char16_t* const end = writeWhole(std::abs(whole), begin);
+    return {whole < 0 ? begin - 1 : begin, end};
+}
+
+void TXNumberFormatter::setInitValues() {
+    prepareForFormat();
+    seperatorCharacter_ = numberFormatterSettings_ != nullptr ? numberFormatterSettings_->thousandsCharacter() : u",";
+    isSetUp_ = true;
+}
+
+void TXNumberFormatter::prepareForFormat() {
+    negative_ = {};
+    masterDecimalLocation_ = -1;
+    masterExponent_ = 0;
+    decimalLocation_ = -1;
+    exponent_ = 1;
+    displayExponent_ = false;
+    masterRoundingNumber_.clear();
+    roundingNumber_.clear();
+}
+
+void TXNumberFormatter::refreshFormatterSettings() {
+    if (numberFormatterSettings_ == nullptr) return;
+    const TXNumberFormatterSettings& settings = *numberFormatterSettings_;
+    preferencesAnswerFormatting_ = +settings.formattingType();
+    preferencesSignificantFigures_ = +settings.significantFigures();
+    preferencesDecimalPlaces_ = +settings.decimalPlaces();
+    preferencesThousandsSeperators_ = settings.thousandsSeparators();
+    preferencesAddZerosInDecimalMode_ = settings.addZerosInDecimalMode();
+    if (seperatorCharacter_ != settings.thousandsCharacter()) {
+        seperatorCharacter_ = settings.thousandsCharacter();
+    }
+}
+
+std::u16string_view TXNumberFormatter::stringForNumber() {
+    const int count = roundingNumber_.count();
+    const int whole = decimalLocation_ < 1 ? count : std::min(decimalLocation_, count);
+    const std::uint8_t* const digits = roundingNumber_.begin();
+    const auto separator = preferencesThousandsSeperators_ ? std::u16string_view(seperatorCharacter_) : u"";
+
+    // Every digit with a separator, the point, the exponent and a percent sign.
+    char16_t* begin = roomFor(static_cast<std::size_t>(count) * (1 + separator.size()) + longestExponent + 2);
+    char16_t* end =
+        separator.empty() ? writeDigits(digits, digits + whole, begin) : writeGroups(digits, whole, separator, begin);
+    if (whole < count) {
+        *end++ = decimalCharacter;
+        end = writeDigits(digits + whole, digits + count, end);
+    }
+    if (displayExponent_ || exponent_ != 0) {
+        end = writeExponent(exponent_, end);
+    }
+    // An answer that was rounded to zero has no sign.
+    begin -= !negative_.empty() && !readsAsZero({begin, end}) ? 1 : 0;
+    if (preferencesAnswerFormatting_ == TXFormattingType::percent) {
+        *end++ = u'%';
+    }
+    return {begin, end};
+}
