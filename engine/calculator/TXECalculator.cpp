@@ -8,12 +8,7 @@
 #include "engine/calculator/messages.h"
 #include "engine/controller/TXEquationController.h"
 #include "engine/records/filled.h"
-
-namespace {
-
-constexpr std::u16string_view undefinedValueName = u"nil";
-
-}  // namespace
+#include "engine/records/wellKnown.h"
 
 TXECalculator::TXECalculator(TXEquationController& controller) : equationController_(&controller) {}
 
@@ -100,6 +95,7 @@ void TXECalculator::freeArrays() {
     equationBlockStructs_.clear();
     TXBlockValues_.clear();
     undefinedVariables_.clear();
+    equationBlocksLength_ = 0;
     txBlocksLength_ = 0;
 }
 
@@ -120,6 +116,9 @@ void TXECalculator::calculateEquation() {
 }
 
 void TXECalculator::calculateFunctionsInBlock(std::int32_t list) {
+    if (!holdsList(list)) {
+        return;
+    }
     const TXBlockRange range = equationBlockPositions_[static_cast<std::size_t>(list)];
     for (std::int32_t position = range.start; position < range.end(); ++position) {
         _TXBlockStruct& block = blockAt(position);
@@ -131,8 +130,7 @@ void TXECalculator::calculateFunctionsInBlock(std::int32_t list) {
 
 // The value of a list that has been reduced; 0 where there is no such list.
 double TXECalculator::listValue(std::int32_t list) const {
-    const auto index = static_cast<std::size_t>(list);
-    return list >= 0 && index < equationBlockValues_.size() ? equationBlockValues_[index] : 0.0;
+    return holdsList(list) ? equationBlockValues_[static_cast<std::size_t>(list)] : 0.0;
 }
 
 void TXECalculator::replaceBlockInParent(std::int32_t list) {

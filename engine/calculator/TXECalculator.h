@@ -2,10 +2,10 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "engine/records/TXEquation.h"
-#include "engine/records/TXVariableArray.h"
 
 class TXEquationController;
 
@@ -27,7 +27,8 @@ public:
     /// Forgets the equation and reads the controller's angle unit anew.
     void reset();
 
-    // The steps of evaluating, public so that each can be tested by itself.
+    // The steps of evaluating, public so that each can be tested by itself. They work on the equation evaluated last,
+    // which must still be there; without one they do nothing.
 
     void prepareForCalculation();
     void calculateEquation();
@@ -76,6 +77,9 @@ private:
     _TXBlockStruct& blockAt(std::int32_t position) { return TXBlockValues_[static_cast<std::size_t>(position)]; }
     double signedNumber(std::int32_t position) const;
     double listValue(std::int32_t list) const;
+    bool holdsList(std::int32_t list) const {
+        return list >= 0 && static_cast<std::size_t>(list) < equationBlockValues_.size();
+    }
 
     // arithmetic
     char16_t operatorWithin(std::int32_t position, std::int32_t last) const;

@@ -26,6 +26,9 @@ char16_t TXECalculator::operatorWithin(std::int32_t position, std::int32_t last)
 }
 
 void TXECalculator::calculateMDASInBlock(std::int32_t list) {
+    if (!holdsList(list)) {
+        return;
+    }
     const TXBlockRange range = equationBlockPositions_[static_cast<std::size_t>(list)];
     const std::int32_t last = range.end() - 1;
     double sum = 0.0;
@@ -87,6 +90,9 @@ std::int32_t TXECalculator::endOfChain(std::int32_t first, std::int32_t last) co
 }
 
 double TXECalculator::calculateExponentsFromIndex(std::int32_t from, std::int32_t toIndex) {
+    if (from < 0 || toIndex < from || static_cast<std::size_t>(toIndex) >= TXBlockValues_.size()) {
+        return 0.0;
+    }
     double value = signedNumber(toIndex);
     for (std::int32_t position = toIndex - 1; position >= from; --position) {
         // The sign is applied to the power, so -8^(1/3) is -2 and no invalid number.

@@ -10,10 +10,10 @@
 #include "engine/calculator/messages.h"
 #include "engine/controller/TXEquationController.h"
 #include "engine/records/filled.h"
+#include "engine/records/wellKnown.h"
 
 namespace {
 
-constexpr double pi = 3.141592653589793;
 constexpr double degreesInHalfTurn = 180.0;
 
 // Truncated towards zero; what an integer cannot hold becomes its nearest value, and no number 0.
@@ -122,8 +122,8 @@ double TXECalculator::functionOfOne(std::int32_t function, double argument, std:
     }
     const bool convertsArgument = !preferencesRadians_ && angle == Angle::argument;
     const bool convertsResult = !preferencesRadians_ && angle == Angle::result;
-    const double result = operation(convertsArgument ? argument * pi / degreesInHalfTurn : argument);
-    return convertsResult ? result * degreesInHalfTurn / pi : result;
+    const double result = operation(convertsArgument ? argument * piValue / degreesInHalfTurn : argument);
+    return convertsResult ? result * degreesInHalfTurn / piValue : result;
 }
 
 // No result of these is an angle that is converted, not even that of atan2.

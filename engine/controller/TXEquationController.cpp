@@ -6,12 +6,9 @@
 #include <utility>
 
 #include "engine/controller/messages.h"
+#include "engine/records/wellKnown.h"
 
 namespace {
-
-constexpr std::int32_t ansPosition = 1;
-constexpr double pi = 3.141592653589793;
-constexpr std::u16string_view answerName = u"ans";
 
 // Blanks of every width and tabs, but no line ends.
 constexpr bool isTrimmed(char16_t character) {
@@ -87,7 +84,7 @@ void TXEquationController::clearAll() {
     equationCalculator_.reset();
     equationsArray_.clear();
     variableArray_.clear();
-    variableArray_.append(TXVariable::initWithName(u"pi", true, pi)).setIsLocked(true);
+    variableArray_.append(TXVariable::initWithName(std::u16string(piName), true, piValue)).setIsLocked(true);
     variableArray_.append(TXVariable::initWithName(std::u16string(answerName), false, 0.0)).setIsAutoCached(true);
     currentAnswerCacheNumber_ = 0;
     currentAnswerCacheNumberBlacklist_.clear();
@@ -120,7 +117,9 @@ void TXEquationController::keepAnswer(const TXResult& result, std::int32_t equat
         lastVariableAssignedIndex_ = result.variableToAssign();
         addNumbertoAutoIncrementBlacklistIfNecessary(lastVariableAssignedIndex_);
     }
-    variableArray_[ansPosition].setNumber(result.number());
+    if (variableArray_.holds(answerPosition)) {
+        variableArray_[answerPosition].setNumber(result.number());
+    }
 }
 
 std::int32_t TXEquationController::newAnswerVariable(double number, std::int32_t equationIndex) {
@@ -191,4 +190,5 @@ void TXEquationController::hashEquationForDebug(std::u16string_view text) {
     lastVariableAssignedIndex_ = 2;
     TXEquation equation = TXEquation::initWithEquationString(std::u16string(text));
     equationHasher_.hashEquation(equation);
+    equationHasher_.reset();  // the equation ends here
 }

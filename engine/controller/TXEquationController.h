@@ -26,8 +26,8 @@
 class TXEquationController {
 public:
     TXEquationController();
-    TXEquationController(const TXEquationController&) =
-        delete;  // the parser and the evaluator refer back to their controller
+    // The parser and the evaluator refer back to their controller.
+    TXEquationController(const TXEquationController&) = delete;
     TXEquationController& operator=(const TXEquationController&) = delete;
 
     /// Parses, evaluates and stores one line, trimmed of white space. A bare expression's answer becomes a new variable

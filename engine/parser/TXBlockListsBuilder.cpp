@@ -46,6 +46,9 @@ TXBlock* TXBlockListsBuilder::block(std::int32_t list, std::int32_t index) {
 }
 
 TXBlockLists TXBlockListsBuilder::finish() {
+    if (info_.empty()) {
+        return {};
+    }
     TXBlockInfo& top = info_.front();
     top.setBlockRange({.start = static_cast<std::int32_t>(closed_.size()), .length = top.blockRange().length});
     TXBlockLists lists(closed_, std::span(open_).first(open_.size() - 1), info_);

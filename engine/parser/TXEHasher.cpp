@@ -2,7 +2,6 @@
 
 #include "engine/parser/TXEHasher.h"
 
-#include <limits>
 #include <utility>
 
 #include "engine/controller/TXEquationController.h"
@@ -54,19 +53,21 @@ void TXEHasher::reset() {
     currentIndex_ = 0;
     equationIndentLevel_ = 0;
     isThereAnError_ = false;
+    unicharEquation_.clear();
+    undefinedWord_ = {};
+    namePosition_ = 0;
     positionsOfAnsVariable_.clear();
     overloadedAnsBeforeEquals_ = false;
 }
 
 // Takes over the equation's text, and gives the equation the fresh result that is filled from here on.
 void TXEHasher::load(TXEquation& equation) {
-    constexpr std::size_t longest = std::numeric_limits<std::int32_t>::max() - 1;
+    constexpr std::size_t longest = std::size_t{1} << 27U;  // a character can need some 70 bytes while it is parsed
     currentEquationResult_ = &equation.beginResult();
     indexOfEquationToHash_ = equation.equationIndex();
     positionBeforePreviousHash_ = 0;
     positionBeforeHash_ = 0;
-    if (equation.masterString().size() > longest) {  // positions are 32-bit numbers
-        unicharEquation_.clear();
+    if (equation.masterString().size() > longest) {
         setErrorMessage(std::u16string(parserMessages::parsingError));
     } else {
         unicharEquation_ = equation.masterString();

@@ -6,12 +6,9 @@
 #include <string_view>
 #include <vector>
 
-#include "engine/controller/TXDictionary.h"
 #include "engine/parser/TXBlockListsBuilder.h"
 #include "engine/records/TXEquation.h"
-#include "engine/records/TXFunction.h"
 #include "engine/records/TXPosition.h"
-#include "engine/records/TXVariableArray.h"
 
 class TXEquationController;
 
@@ -30,9 +27,9 @@ public:
     explicit TXEHasher(TXEquationController& controller);
 
     /// Parses the equation's `masterString` and stores the block lists and the result on the equation; the result given
-    /// is the one that the equation holds. A refused equation has no block lists. Names that were unknown become
-    /// undefined variables of the controller, even where the equation is refused. `ans` in the text becomes the name
-    /// that it means.
+    /// is the one that the equation holds, so the equation must stay as long as the parser is asked anything about it.
+    /// A refused equation has no block lists. Names that were unknown become undefined variables of the controller,
+    /// even where the equation is refused. `ans` in the text becomes the name that it means.
     TXResult* hashEquation(TXEquation& equation);
 
     // TXEHasher_numbers.cpp: literals
@@ -44,7 +41,7 @@ public:
     double doubleFromOctal(std::u16string_view digits);
     double doubleFromHex(std::u16string_view digits);
 
-    // TXEHasher_operators.cpp: runs of operators, signs, groups
+    // TXEHasher_operators.cpp: runs of operators and signs, finished blocks
 
     /// Reads the run of operators and parentheses that starts here.
     void parseOperator();
@@ -87,7 +84,8 @@ public:
     void addVariableToStack(std::u16string_view name);
     /// Adds the value of `nil` and `undefined`.
     void addUndefinedVariableToStack();
-    /// Writes into the equation's text what each bare `ans` in it stood for.
+    /// Writes into the equation's text what each bare `ans` in it stood for. A text that would become longer than 2^24
+    /// characters, and than eight times what was typed, stays as typed.
     void replaceAnsVariableInMasterEquationString(TXEquation& equation) const;
 
     // TXEHasher_tolerances.cpp
@@ -103,7 +101,7 @@ public:
     void checkForPostHashingErrors();
 
 protected:
-    // The steps of `hashEquation`, for the parser and its tests. The controller resets the parser, too, when equations
+    // The steps of `hashEquation`. The controller resets the parser, too, when equations
     // go.
     friend class TXEquationController;
     void reset();
@@ -150,7 +148,9 @@ protected:
     std::int32_t positionBeforePreviousHash_ = 0;
     std::int32_t positionBeforeHash_ = 0;
     bool parseNegativeNumber_ = false;
-    std::int32_t namePosition_ = 0;  ///< Where the name being read begins.
+    bool quotesLater_ = false;  ///< An operator run is being read, and quotations are written at its end.
+    std::optional<std::int32_t> endOfQuotation_;  ///< Set while the message of a missing operator lacks its quotations.
+    std::int32_t namePosition_ = 0;               ///< Where the name being read begins.
     std::u16string_view
         undefinedWord_;  ///< The word typed for the undefined value before any "=", within `unicharEquation_`.
 
@@ -158,20 +158,21 @@ private:
     // numbers
     struct DecimalLiteral;
     bool parsePlainNumber(std::int32_t start);
-    void parsePrefixedNumber(std::int32_t start, std::int32_t radix);
+    enum class Radix : std::int32_t;
+    static Radix radixOfPrefix(char16_t first, char16_t second);
+    static std::u16string_view kindWord(Radix radix);
+    void parsePrefixedNumber(std::int32_t start, Radix radix);
     void parseDecimalNumber(std::int32_t start);
     DecimalLiteral scanDecimal(std::int32_t start);
     void scanExponentSign(DecimalLiteral& literal);
     std::u16string_view faultIn(const DecimalLiteral& literal) const;
     double valueOf(const DecimalLiteral& literal) const;
-    double integerFromDigits(std::u16string_view digits, std::int32_t base, std::u16string_view badDigitMessage);
+    double integerFromDigits(std::u16string_view digits, Radix radix, std::u16string_view badDigitMessage);
     void finishNumber(double value, std::u16string_view mantissa);
 
     // operators
     class OperatorRun;
     void reportMissingOperator(std::int32_t end);
-    bool quotesLater_ = false;
-    std::optional<std::int32_t> endOfQuotation_;  ///< Set while the message of a missing operator lacks its quotations.
 
     // groups
     TXPosition* positionAtLevel(std::int32_t level);

@@ -5,17 +5,20 @@
 
 #include "engine/parser/TXEHasher.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "engine/controller/TXEquationController.h"
 #include "engine/parser/characterClasses.h"
 #include "engine/parser/messages.h"
 #include "engine/records/filled.h"
+#include "engine/records/wellKnown.h"
 
 namespace {
 
-constexpr std::u16string_view answerName = u"ans";
-constexpr std::int32_t undefinedValue = -2;
+// A text in which `ans` has been written out has at most this many characters, or eight times as many as were typed.
+// Names have no bound, so without one a few lines could fill the memory.
+constexpr std::size_t longestRewrittenText = std::size_t{1} << 24U;
 
 enum NameCode : std::int32_t {
     validName = 0,
@@ -112,7 +115,9 @@ void TXEHasher::addVariableToStack(std::u16string_view name) {
     if (name == answerName) {
         if (hasAnswer()) {
             variable = equationController_->lastVariableAssignedIndex();
-            positionsOfAnsVariable_.push_back(namePosition_);
+            if (textBetween(namePosition_, namePosition_ + 2) == answerName) {
+                positionsOfAnsVariable_.push_back(namePosition_);
+            }
         } else {
             setErrorMessage(std::u16string(parserMessages::internalError));
         }
@@ -127,7 +132,7 @@ void TXEHasher::addVariableToStack(std::u16string_view name) {
     addVariableBlock(variable);
 }
 
-void TXEHasher::addUndefinedVariableToStack() { addVariableBlock(undefinedValue); }
+void TXEHasher::addUndefinedVariableToStack() { addVariableBlock(undefinedVariableID); }
 
 void TXEHasher::addVariableBlock(std::int32_t variable) {
     if (TXBlockInfo* info = equationBlocks_.info(currentIndex_)) {
@@ -144,8 +149,12 @@ void TXEHasher::replaceAnsVariableInMasterEquationString(TXEquation& equation) c
     const TXVariableArray& variables = equationController_->variableArray();
     const std::u16string_view text = unicharEquation_;
     const std::u16string& replacement = variables[equationController_->lastVariableAssignedIndex()].variableName();
+    const std::size_t length = text.size() + positionsOfAnsVariable_.size() * replacement.size();
+    if (length > std::max(longestRewrittenText, 8 * text.size())) {
+        return;
+    }
     std::u16string rewritten;
-    rewritten.reserve(text.size() + positionsOfAnsVariable_.size() * replacement.size());
+    rewritten.reserve(length);
     std::size_t copied = 0;
     for (const std::int32_t position : positionsOfAnsVariable_) {
         const auto start = static_cast<std::size_t>(position);

@@ -18,31 +18,6 @@
 
 namespace {
 
-enum class Radix : std::int32_t { binary = 2, octal = 8, decimal = 10, hexadecimal = 16 };
-
-Radix radixOfPrefix(char16_t first, char16_t second) {
-    if (first != u'0') {
-        return Radix::decimal;
-    }
-    switch (second) {
-        case u'b':
-        case u'B': return Radix::binary;
-        case u'o':
-        case u'O': return Radix::octal;
-        case u'x':
-        case u'X': return Radix::hexadecimal;
-        default: return Radix::decimal;
-    }
-}
-
-std::u16string_view kindWord(Radix radix) {
-    switch (radix) {
-        case Radix::binary: return u"binary";
-        case Radix::octal: return u"octal";
-        default: return u"hexadecimal";
-    }
-}
-
 char16_t lowerCased(char16_t character) {
     return character >= u'A' && character <= u'Z' ? static_cast<char16_t>(character - u'A' + u'a') : character;
 }
@@ -60,6 +35,31 @@ std::int32_t digitValue(char16_t character, std::int32_t base) {
 }
 
 }  // namespace
+
+enum class TXEHasher::Radix : std::int32_t { binary = 2, octal = 8, decimal = 10, hexadecimal = 16 };
+
+TXEHasher::Radix TXEHasher::radixOfPrefix(char16_t first, char16_t second) {
+    if (first != u'0') {
+        return Radix::decimal;
+    }
+    switch (second) {
+        case u'b':
+        case u'B': return Radix::binary;
+        case u'o':
+        case u'O': return Radix::octal;
+        case u'x':
+        case u'X': return Radix::hexadecimal;
+        default: return Radix::decimal;
+    }
+}
+
+std::u16string_view TXEHasher::kindWord(Radix radix) {
+    switch (radix) {
+        case Radix::binary: return u"binary";
+        case Radix::octal: return u"octal";
+        default: return u"hexadecimal";
+    }
+}
 
 // What the scan of a decimal literal has seen so far.
 struct TXEHasher::DecimalLiteral {
@@ -86,13 +86,16 @@ void TXEHasher::parseNumber() {
     if (radix == Radix::decimal) {
         parseDecimalNumber(start);
     } else {
-        parsePrefixedNumber(start, static_cast<std::int32_t>(radix));
+        parsePrefixedNumber(start, radix);
     }
 }
 
 // The short way for most literals: digits with at most one point, followed by an operator or the end. False, with
 // nothing done, for any other.
 bool TXEHasher::parsePlainNumber(std::int32_t start) {
+    if (start < 0 || start >= equationLength_) {
+        return false;
+    }
     const char16_t* const text = textFrom(start);
     const SmallDecimal number = readSmallDecimal(text);
     const char16_t next = text[number.length];
@@ -107,8 +110,8 @@ bool TXEHasher::parsePlainNumber(std::int32_t start) {
     return true;
 }
 
-void TXEHasher::parsePrefixedNumber(std::int32_t start, std::int32_t radix) {
-    const std::u16string_view kind = kindWord(Radix{radix});
+void TXEHasher::parsePrefixedNumber(std::int32_t start, Radix radix) {
+    const std::u16string_view kind = kindWord(radix);
     const char16_t prefixLetter = characterAt(start + 1);
     equationPosition_ += 2;
     if (equationPosition_ >= equationLength_) {
@@ -125,32 +128,33 @@ void TXEHasher::parsePrefixedNumber(std::int32_t start, std::int32_t radix) {
         setErrorMessage(filled(parserMessages::nothingAfterPrefix, {kind, characterText(prefixLetter)}));
         return;
     }
-    const double value = Radix{radix} == Radix::binary  ? doubleFromBinary(digits)
-                         : Radix{radix} == Radix::octal ? doubleFromOctal(digits)
-                                                        : doubleFromHex(digits);
+    double value = 0.0;
+    switch (radix) {
+        case Radix::binary: value = doubleFromBinary(digits); break;
+        case Radix::octal: value = doubleFromOctal(digits); break;
+        default: value = doubleFromHex(digits); break;
+    }
     finishNumber(value, {});
 }
 
 double TXEHasher::doubleFromBinary(std::u16string_view digits) {
-    return integerFromDigits(digits, static_cast<std::int32_t>(Radix::binary), parserMessages::badBinaryDigit);
+    return integerFromDigits(digits, Radix::binary, parserMessages::badBinaryDigit);
 }
 
 double TXEHasher::doubleFromOctal(std::u16string_view digits) {
-    return integerFromDigits(digits, static_cast<std::int32_t>(Radix::octal), parserMessages::badOctalDigit);
+    return integerFromDigits(digits, Radix::octal, parserMessages::badOctalDigit);
 }
 
 double TXEHasher::doubleFromHex(std::u16string_view digits) {
-    return integerFromDigits(digits, static_cast<std::int32_t>(Radix::hexadecimal),
-                             parserMessages::badHexadecimalDigit);
+    return integerFromDigits(digits, Radix::hexadecimal, parserMessages::badHexadecimalDigit);
 }
 
-double TXEHasher::integerFromDigits(std::u16string_view digits, std::int32_t base,
-                                    std::u16string_view badDigitMessage) {
-    const bool isHexadecimal = Radix{base} == Radix::hexadecimal;
+double TXEHasher::integerFromDigits(std::u16string_view digits, Radix radix, std::u16string_view badDigitMessage) {
+    const auto base = static_cast<std::int32_t>(radix);
     double value = 0.0;
     double placeValue = 1.0;  // exact, a power of two, until it is infinite
     for (auto at = digits.rbegin(); at != digits.rend(); ++at) {
-        const char16_t character = isHexadecimal ? lowerCased(*at) : *at;
+        const char16_t character = radix == Radix::hexadecimal ? lowerCased(*at) : *at;
         const std::int32_t digit = digitValue(character, base);
         if (digit == base) {
             setErrorMessage(filled(badDigitMessage, {characterText(character), digits}));

@@ -57,7 +57,8 @@ bool TXEHasher::readTolerance() {
     const char16_t first = characterAt(equationPosition_);
     if (first != u'.' && !isDigit(first)) {
         const bool isAtEnd = equationPosition_ >= equationLength_;
-        setErrorMessage(std::u16string(isAtEnd ? parserMessages::toleranceAtEnd : parserMessages::toleranceWithoutNumber));
+        setErrorMessage(
+            std::u16string(isAtEnd ? parserMessages::toleranceAtEnd : parserMessages::toleranceWithoutNumber));
         return false;
     }
     const double plus = parseToleranceNumber();

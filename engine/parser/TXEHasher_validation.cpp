@@ -7,13 +7,7 @@
 #include "engine/controller/TXEquationController.h"
 #include "engine/parser/messages.h"
 #include "engine/records/filled.h"
-
-namespace {
-
-// The one name of a constant. The variable's own lock is not asked.
-constexpr std::u16string_view lockedName = u"pi";
-
-}  // namespace
+#include "engine/records/wellKnown.h"
 
 void TXEHasher::checkForPostHashingErrors() {
     if (isThereAnError_) {
@@ -53,11 +47,11 @@ bool TXEHasher::isSingleVariableOnTheLeft() const {
 std::u16string TXEHasher::refusalOfTarget(std::int32_t variable) const {
     const TXVariableArray& variables = equationController_->variableArray();
     const std::u16string_view name = variables.holds(variable) ? variables[variable].variableName() : undefinedWord_;
-    if (name == lockedName) {
+    if (name == piName) {  // the variable's own lock is not asked
         return filled(parserMessages::lockedVariable, {name});
     }
     if (overloadedAnsBeforeEquals_) {
-        return filled(parserMessages::lockedVariable, {u"ans"});
+        return filled(parserMessages::lockedVariable, {answerName});
     }
     if (isUndefinedWord(name)) {
         return filled(parserMessages::reservedTarget, {name});

@@ -63,8 +63,8 @@ inline constexpr std::u16string_view noAnswerYet =
 inline constexpr std::u16string_view internalError = u"Internal error, please report this equation.";
 
 // Tolerances.
-// The first of these is for a "±" that nothing follows, which the scan refuses by itself; the last for a "|" that no number
-// follows, which the reading of that number refuses.
+// The first of these is for a "±" that nothing follows, which the scan refuses by itself; the last for a "|" that no
+// number follows, which the reading of that number refuses.
 inline constexpr std::u16string_view toleranceAtEnd = u"Can't have ± at the end of the equation.";
 inline constexpr std::u16string_view toleranceWithoutNumber =
     u"± must be followed by a number (you can't have variables or anything else).";

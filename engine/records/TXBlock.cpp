@@ -1,7 +1,5 @@
 #include "engine/records/TXBlock.h"
 
-#include <cassert>
-
 #include "engine/records/descriptionText.h"
 #include "engine/records/filled.h"
 
@@ -40,7 +38,10 @@ TXBlock::Details& TXBlock::details() {
 }
 
 double TXBlock::number() const {
-    const double value = marks_.isResult && details_ ? details_->result : marks_.isResult ? 0.0 : number_;
+    double value = number_;
+    if (marks_.isResult) {
+        value = details_ ? details_->result : 0.0;
+    }
     return marks_.negative ? -value : value;
 }
 
@@ -64,7 +65,9 @@ void TXBlock::addBlockPointer(std::int32_t blockPointerID) {
 }
 
 std::int32_t TXBlock::columns() const {
-    assert(rows() != 0);
+    if (rows() == 0) {
+        return 0;
+    }
     return static_cast<std::int32_t>(static_cast<std::uint32_t>(numberOfElements()) /
                                      static_cast<std::uint32_t>(rows()));
 }

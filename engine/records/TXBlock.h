@@ -76,7 +76,7 @@ public:
     void setIsMatrix(bool isMatrix) { marks_.isMatrix = isMatrix; }
     std::int32_t rows() const { return details_ ? details_->rows : 0; }
     void setRows(std::int32_t rows) { details().rows = rows; }
-    /// The links for each row, the count taken as unsigned. A block with 0 rows must not be asked.
+    /// The links for each row, the count taken as unsigned; 0 where there are no rows.
     std::int32_t columns() const;
 
     bool isResult() const { return marks_.isResult; }

@@ -28,7 +28,7 @@ private:
 
 /// The ordered links of one block: a group has one, a function call one for each argument, a matrix one for each
 /// element in row order. A view of the block's own memory, good until the block changes; the links are made when asked
-/// for.
+/// for, so that a title given to one is that link's alone.
 class TXBlockPointerList {
 public:
     TXBlockPointerList() = default;

@@ -16,10 +16,18 @@ std::uint64_t mixed(std::uint64_t hash, std::uint64_t piece) {
     return product ^ (product >> half);
 }
 
+// Differs from run to run, so that nobody can choose names that collide: where a variable lies in memory is not known
+// beforehand.
+std::uint64_t seed() {
+    static const char somewhere = 0;
+    static const std::uint64_t place = mixed(0, reinterpret_cast<std::uintptr_t>(&somewhere));
+    return place;
+}
+
 }  // namespace
 
 std::uint32_t TXNameIndex::hash(std::u16string_view name) {
-    std::uint64_t hash = name.size();
+    std::uint64_t hash = seed() ^ name.size();
     for (; name.size() >= charactersAtOnce; name.remove_prefix(charactersAtOnce)) {
         std::uint64_t piece = 0;
         std::memcpy(&piece, name.data(), sizeof piece);

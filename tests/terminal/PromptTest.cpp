@@ -194,6 +194,16 @@ TEST_F(PromptTest, tabListsSeveralNames) {
     enter("(0)", "0");
 }
 
+TEST_F(PromptTest, tabListsNamesBelowALineOfSeveralRows) {
+    std::string ones = "1";
+    for (int i = 0; i < 60; ++i) ones += "+1";
+    terminal().type(ones + "+si\t");
+    EXPECT_TRUE(terminal().shows("\r\nsin(   sinh(\r\n"));
+    // The first row begins where the list ends: one row down, and up again for clearing.
+    EXPECT_TRUE(terminal().shows("\r\n\r\033[K\033[A\033[K> 1+1")) << terminal().written();
+    enter("(0)", "61");
+}
+
 TEST_F(PromptTest, tabDoesNotOfferWhatNeverAnswers) {
     terminal().type("at\t");
     EXPECT_TRUE(terminal().shows("atan("));

@@ -492,4 +492,23 @@ TEST(TXECalculator, depthIsNoDanger) {
     EXPECT_EQ(controller.addOneStringBlindly(u"-" + open + u"7" + close)->number(), -7.0);
 }
 
+TEST(CalculatorSteps, withoutAnEquationDoNothing) {
+    TXEquationController controller;
+    TXECalculator& calculator = controller.equationCalculator();
+    for (std::int32_t round = 0; round < 2; ++round) {
+        calculator.prepareForCalculation();
+        calculator.calculateEquation();
+        calculator.calculateFunctionsInBlock(0);
+        calculator.calculateMDASInBlock(0);
+        calculator.replaceBlockInParent(1);
+        EXPECT_EQ(calculator.calculateExponentsFromIndex(0, 0), 0.0);
+        EXPECT_EQ(calculator.calculateExponentsFromIndex(-1, 2), 0.0);
+        controller.addOneStringBlindly(u"(2+3)^2");
+        calculator.calculateEquation();
+        calculator.calculateMDASInBlock(7);
+        controller.clearAll();
+    }
+    EXPECT_EQ(controller.addOneStringBlindly(u"(2+3)^2")->number(), 25.0);
+}
+
 }  // namespace

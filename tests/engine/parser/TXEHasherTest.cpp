@@ -386,4 +386,38 @@ TEST(LongLines, manyBlanksBetweenOperands) {
     EXPECT_EQ(treeText(parsed.equation.leftEquationBlocks()), "0!: 5 +v2");
 }
 
+// Every operation may be called at any time; without an equation there is nothing to read.
+TEST(WithoutAnEquation, everyOperationKeepsItsPeace) {
+    TXEquationController controller;
+    TXEHasher& hasher = controller.equationHasher();
+    for (std::int32_t round = 0; round < 3; ++round) {
+        hasher.parseOperator();
+        hasher.parseNegativeSign();
+        hasher.parseNumber();
+        hasher.parseFunctionOrVariable();
+        hasher.parseTolerance();
+        hasher.parseToleranceNumber();
+        hasher.addNumberToStack(1.0);
+        hasher.setBlockFunction(0);
+        hasher.incrementBlockIndent();
+        hasher.incrementFunctionArgument();
+        hasher.parseMatrix();
+        hasher.incrementMatrixRow();
+        hasher.addUndefinedVariableToStack();
+        hasher.addVariableToStack(u"fresh");
+        hasher.decrementBlockIndent();
+        hasher.checkForPostHashingErrors();
+        controller.addOneStringBlindly(u"(2+3");
+        controller.clearAll();
+    }
+    EXPECT_EQ(controller.addOneStringBlindly(u"2+3")->number(), 5.0);
+}
+
+TEST(WithoutAnEquation, theDebuggingAidLeavesNone) {
+    TXEquationController controller;
+    controller.hashEquationForDebug(u"2+3");
+    controller.equationHasher().parseNumber();
+    EXPECT_EQ(controller.addOneStringBlindly(u"myVariable*0+2")->number(), 2.0);
+}
+
 }  // namespace

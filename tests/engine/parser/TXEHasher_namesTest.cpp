@@ -4,6 +4,7 @@
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -345,6 +346,50 @@ TEST(AnswerPositions, afterTheEqualsSignDoNotMarkTheTarget) {
     TXEquation equation = TXEquation::initWithEquationString(u"a=ans");
     hasher.hashEquation(equation);
     EXPECT_FALSE(hasher.overloadedAnsBeforeEquals_);
+}
+
+// A name has no bound, and neither has the number of times that it is meant.
+TEST(AnswersAreConcrete, unlessTheTextWouldFillTheMemory) {
+    constexpr std::size_t bound = std::size_t{1} << 24U;
+    constexpr std::size_t nameLength = 65536;
+    TXEquationController controller;
+    controller.addOneStringBlindly(std::u16string(nameLength, u'a') + u"=5");
+    const auto sumOfAnswers = [&controller](std::size_t count) {
+        std::u16string line = u"ans";
+        for (std::size_t answer = 1; answer < count; ++answer) {
+            line += u"+ans";
+        }
+        TXEquation equation = TXEquation::initWithEquationString(line);
+        controller.equationHasher().hashEquation(equation);
+        return std::pair(line, equation.masterString());
+    };
+    constexpr std::size_t most = bound / (nameLength + 4);
+    EXPECT_EQ(sumOfAnswers(most).second.size(), most * (nameLength + 1) - 1);
+    const auto [typed, stored] = sumOfAnswers(most + 2);
+    EXPECT_EQ(utf8(stored), utf8(typed));
+}
+
+TEST(AnswersAreConcrete, shortNamesInLongLinesToo) {
+    TXEquationController controller;
+    controller.addOneStringBlindly(u"twelve_chars=5");
+    std::u16string line = u"0";
+    for (std::int32_t answer = 0; answer < 1500000; ++answer) {
+        line += u"+ans";
+    }
+    TXEquation equation = TXEquation::initWithEquationString(line);
+    controller.equationHasher().hashEquation(equation);
+    EXPECT_EQ(equation.masterString().size(), 1 + 1500000U * 13);
+}
+
+TEST(AddingAnswers, remembersOnlyWhereTheNameReallyStands) {
+    TXEquationController controller;
+    controller.addOneStringBlindly(u"1");
+    TXEquation equation = TXEquation::initWithEquationString(u"7");
+    TXEHasher& hasher = controller.equationHasher();
+    hasher.hashEquation(equation);
+    hasher.addVariableToStack(u"ans");
+    hasher.replaceAnsVariableInMasterEquationString(equation);
+    EXPECT_EQ(utf8(equation.masterString()), "7");
 }
 
 }  // namespace
