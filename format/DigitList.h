@@ -9,8 +9,8 @@
 /// Decimal digits 0 to 9, most significant first, in a buffer of their own: no operation allocates.
 class DigitList {
 public:
-    /// More than any answer needs: 309 digits before the point, or 127 zeros and then 127 places. Digits that
-    /// would lie beyond are dropped.
+    /// More than any answer needs: no more than 324 zeros and then 15 digits, for the smallest numbers written out
+    /// plainly. Digits that would lie beyond are dropped.
     static constexpr int capacity = 512;
 
     /// Loaded numbers fill less than a block. Digits are moved about by whole blocks where that is enough: a length
@@ -36,6 +36,8 @@ public:
     void append(const std::array<std::uint8_t, size>& digits, int count);
     /// Keeps the first `length` digits; a list that has no more stays as it is.
     void cutToLength(int length) { count_ = std::clamp(length, 0, count_); }
+    /// Removes zeros from the end, but never the last digit of all.
+    void removeZerosFromEnd();
     /// Makes `digit` the only one.
     void setTo(std::uint8_t digit);
     void addZerosToEnd(int zeros);
@@ -70,6 +72,12 @@ void DigitList::append(const std::array<std::uint8_t, size>& digits, int count) 
     assert(count >= 0 && count <= static_cast<int>(size) && count_ + static_cast<int>(size) <= capacity);
     std::copy(digits.begin(), digits.end(), digits_.begin() + count_);
     count_ += count;
+}
+
+inline void DigitList::removeZerosFromEnd() {
+    while (count_ > 1 && digits_[at(count_ - 1)] == 0) {
+        --count_;
+    }
 }
 
 inline void DigitList::setTo(std::uint8_t digit) {

@@ -11,9 +11,7 @@
 
 namespace {
 
-constexpr char16_t decimalCharacter = u'.';
-constexpr char16_t exponentCharacter = u'e';
-constexpr std::size_t longestExponent = 12;    // "e-2147483648"
+constexpr std::size_t longestExponent = 11;    // "-2147483648"
 constexpr double smallestWithExponent = 1e15;  // of decimal answers
 
 /// Writes all digits of a block.
@@ -47,27 +45,31 @@ char16_t* writeWhole(std::int64_t whole, char16_t* out) {
     return out;
 }
 
-/// Groups of three, counted from the point: `out` gets `whole` digits, and `separator` before each group but the first.
-char16_t* writeGroups(const std::uint8_t* digits, int whole, std::u16string_view separator, char16_t* out) {
+/// Writes `whole` digits in groups of three, `separator` before each but the first. Groups count from `location`, 1 or
+/// more, where the point belongs, though it may lie beyond the digits.
+char16_t* writeGroups(const std::uint8_t* digits, int whole, int location, std::u16string_view separator,
+                      char16_t* out) {
     constexpr int group = 3;
-    const int first = std::min((whole - 1) % group + 1, whole);
+    const int first = std::min((location - 1) % group + 1, whole);
     out = writeDigits(digits, digits + first, out);
     for (int start = first; start < whole; start += group) {
         out = std::copy(separator.begin(), separator.end(), out);
-        out = writeDigits(digits + start, digits + start + group, out);
+        out = writeDigits(digits + start, digits + std::min(start + group, whole), out);
     }
     return out;
 }
 
-char16_t* writeExponent(int exponent, char16_t* out) {
-    out[0] = exponentCharacter;
-    out[1] = u'-';
-    return writeWhole(std::abs(std::int64_t{exponent}), out + (exponent < 0 ? 2 : 1));
+char16_t* writeInteger(std::int64_t number, char16_t* out) {
+    *out = u'-';
+    return writeWhole(std::abs(number), out + (number < 0 ? 1 : 0));
 }
 
 /// Whether `text` reads as the number 0, up to where it stops being a number.
 bool readsAsZero(std::u16string_view text) {
-    const std::size_t end = text.find_first_not_of(u"0.");
+    std::size_t end = text.find_first_not_of(u'0');
+    if (end != std::u16string_view::npos && text[end] == u'.') {
+        end = text.find_first_not_of(u'0', end + 1);
+    }
     return end == std::u16string_view::npos || text[end] < u'1' || text[end] > u'9';
 }
 
@@ -93,23 +95,20 @@ std::u16string_view TXNumberFormatter::formattedViewForNumber(double number) {
     if (const auto text = wholeNumberText(); !text.empty()) {
         return text;
     }
-    if (!std::isfinite(number)) {
-        return text_ = numberText(number);
-    }
     switch (preferencesAnswerFormatting_) {
-        case TXFormattingType::binary: return binaryNumberForNumber();
-        case TXFormattingType::octal: return octalNumberForNumber();
-        case TXFormattingType::hexadecimal: return hexNumberForNumber();
+        case TXFormattingType::binary: return binaryView();
+        case TXFormattingType::octal: return octalView();
+        case TXFormattingType::hexadecimal: return hexView();
         default: break;
     }
-    setNumber(number);
-    if (preferencesDecimalPlaces_ == automatic) {
-        return roundToSignificantFigures(preferencesSignificantFigures_);
-    }
-    return roundToDecimal(preferencesDecimalPlaces_);
+    loadMasterNumber(number);
+    const auto text = preferencesDecimalPlaces_ == automatic ? significantFiguresView(preferencesSignificantFigures_)
+                                                             : decimalView(preferencesDecimalPlaces_);
+    return std::isfinite(number) ? text : text_ = numberText(number);
 }
 
-// The digits of a whole number are its answer already, unless they are to be rounded, filled up or grouped.
+// The digits of a whole number are its answer already, unless they are to be rounded, filled up or grouped. The text
+// is written without a digit list.
 std::u16string_view TXNumberFormatter::wholeNumberText() {
     const bool isShownAsItIs = preferencesAnswerFormatting_ == TXFormattingType::decimal &&
                                preferencesDecimalPlaces_ == automatic && preferencesSignificantFigures_ == automatic &&
@@ -121,18 +120,38 @@ std::u16string_view TXNumberFormatter::wholeNumberText() {
     if (static_cast<double>(whole) != masterNumber_) {
         return {};
     }
+    isLoaded_ = false;
     char16_t* const begin = roomFor(0);
     const char16_t* const end = writeWhole(std::abs(whole), begin);
     return {whole < 0 ? begin - 1 : begin, end};
 }
 
+// All that prepareForFormat reset is made what loading and rounding the number would have made it.
+void TXNumberFormatter::loadWholeNumber() const {
+    isLoaded_ = true;
+    negative_ = masterNumber_ < 0.0 ? u"-" : u"";
+    const WholeDigits digits = wholeDigits(std::abs(static_cast<std::int64_t>(masterNumber_)));
+    roundingNumber_.append(digits.first, digits.firstCount);
+    if (digits.hasRest) {
+        roundingNumber_.append(digits.rest, static_cast<int>(digits.rest.size()));
+    }
+    masterRoundingNumber_ = roundingNumber_;
+    masterRoundingNumber_.removeZerosFromEnd();
+    masterDecimalLocation_ = digits.count();
+    decimalLocation_ = digits.count();
+    exponent_ = 0;
+}
+
 void TXNumberFormatter::setInitValues() {
     prepareForFormat();
-    seperatorCharacter_ = numberFormatterSettings_ != nullptr ? numberFormatterSettings_->thousandsCharacter() : u",";
+    decimalCharacter_ = u".";
+    seperatorCharacter_ = firstSeperatorCharacter();
+    exponentCharacter_ = u"e";
     isSetUp_ = true;
 }
 
 void TXNumberFormatter::prepareForFormat() {
+    isLoaded_ = true;
     negative_ = {};
     masterDecimalLocation_ = -1;
     masterExponent_ = 0;
@@ -146,6 +165,7 @@ void TXNumberFormatter::prepareForFormat() {
 void TXNumberFormatter::refreshFormatterSettings() {
     if (numberFormatterSettings_ == nullptr) return;
     const TXNumberFormatterSettings& settings = *numberFormatterSettings_;
+    // The plus makes an int of a small number.
     preferencesAnswerFormatting_ = +settings.formattingType();
     preferencesSignificantFigures_ = +settings.significantFigures();
     preferencesDecimalPlaces_ = +settings.decimalPlaces();
@@ -156,25 +176,30 @@ void TXNumberFormatter::refreshFormatterSettings() {
     }
 }
 
-std::u16string_view TXNumberFormatter::stringForNumber() {
+std::u16string_view TXNumberFormatter::numberView() {
     const int count = roundingNumber_.count();
     const int whole = decimalLocation_ < 1 ? count : std::min(decimalLocation_, count);
     const std::uint8_t* const digits = roundingNumber_.begin();
-    const auto separator = preferencesThousandsSeperators_ ? std::u16string_view(seperatorCharacter_) : u"";
+    const bool isGrouped = preferencesThousandsSeperators_ && decimalLocation_ > 0;
+    const auto separator = isGrouped ? std::u16string_view(seperatorCharacter_) : u"";
 
     // Every digit with a separator, the point, the exponent and a percent sign.
-    char16_t* begin = roomFor(static_cast<std::size_t>(count) * (1 + separator.size()) + longestExponent + 2);
-    char16_t* end =
-        separator.empty() ? writeDigits(digits, digits + whole, begin) : writeGroups(digits, whole, separator, begin);
+    char16_t* begin = roomFor(static_cast<std::size_t>(count) * (1 + separator.size()) + decimalCharacter_.size() +
+                              exponentCharacter_.size() + longestExponent + 1);
+    char16_t* end = separator.empty() ? writeDigits(digits, digits + whole, begin)
+                                      : writeGroups(digits, whole, decimalLocation_, separator, begin);
     if (whole < count) {
-        *end++ = decimalCharacter;
+        *end++ = decimalCharacter_.front();
         end = writeDigits(digits + whole, digits + count, end);
     }
     if (displayExponent_ || exponent_ != 0) {
-        end = writeExponent(exponent_, end);
+        *end++ = exponentCharacter_.front();
+        end = writeInteger(exponent_, end);
     }
     // An answer that was rounded to zero has no sign.
-    begin -= !negative_.empty() && !readsAsZero({begin, end}) ? 1 : 0;
+    if (!negative_.empty() && !readsAsZero({begin, end})) {
+        --begin;
+    }
     if (preferencesAnswerFormatting_ == TXFormattingType::percent) {
         *end++ = u'%';
     }

@@ -24,6 +24,15 @@ std::u16string listed(const DigitList& digits) {
 }  // namespace
 
 void TXNumberFormatter::setNumber(double number) {
+    load();
+    loadMasterNumber(number);
+    if (number != 0.0) {
+        copyMasterNumberIntoRoundingNumber();
+    }
+}
+
+// Without the working digits: who rounds the number copies them anyway.
+void TXNumberFormatter::loadMasterNumber(double number) {
     negative_ = number < 0.0 ? u"-" : u"";
     masterDecimalLocation_ = 1;
     masterExponent_ = 0;
@@ -42,21 +51,23 @@ void TXNumberFormatter::setNumber(double number) {
         masterDecimalLocation_ = 0;
         masterExponent_ = leading + 1;
     }
-    removeTrailingZeros();
-    eliminateDoublePrecisionNoise();
+    masterRoundingNumber_.removeZerosFromEnd();
+    removeNoise();
 }
 
 void TXNumberFormatter::removeTrailingZeros() {
-    int count = masterRoundingNumber_.count();
-    while (count > 1 && masterRoundingNumber_[count - 1] == 0) {
-        --count;
-    }
-    masterRoundingNumber_.cutToLength(count);
+    load();
+    masterRoundingNumber_.removeZerosFromEnd();
+}
+
+void TXNumberFormatter::eliminateDoublePrecisionNoise() {
+    copyMasterNumberIntoRoundingNumber();
+    removeNoise();
 }
 
 // A run with at most three digits behind it, and six long, covers the fourth digit from the end. So it is enough to
 // look at the one run that covers that digit. A run that begins before the point counts from the point on.
-void TXNumberFormatter::eliminateDoublePrecisionNoise() {
+void TXNumberFormatter::removeNoise() {
     const DigitList& digits = masterRoundingNumber_;
     const int fractionStart = std::max(masterDecimalLocation_, 0);
     const int covered = digits.count() - 1 - noiseSlack;
@@ -82,12 +93,14 @@ void TXNumberFormatter::eliminateDoublePrecisionNoise() {
 }
 
 void TXNumberFormatter::copyMasterNumberIntoRoundingNumber() {
+    load();
     roundingNumber_ = masterRoundingNumber_;
     decimalLocation_ = masterDecimalLocation_;
     exponent_ = masterExponent_;
 }
 
 void TXNumberFormatter::truncateToLength(int length) {
+    load();
     if (length >= roundingNumber_.count() && length >= 0) {
         return;
     }
@@ -107,6 +120,7 @@ void TXNumberFormatter::truncateToLength(int length) {
 }
 
 void TXNumberFormatter::truncateWithRoundingToLength(int length) {
+    load();
     if (length < 1 || roundingNumber_.count() == 0) return;
     roundingNumber_.cutToLength(length);
     int position = roundingNumber_.count() - 1;
@@ -123,9 +137,10 @@ void TXNumberFormatter::truncateWithRoundingToLength(int length) {
 }
 
 bool TXNumberFormatter::isZeroNumber() const {
+    load();
     return std::all_of(roundingNumber_.begin(), roundingNumber_.end(), [](std::uint8_t digit) { return digit == 0; });
 }
 
-std::u16string TXNumberFormatter::logMasterRoundingNumber() const { return listed(masterRoundingNumber_); }
+std::u16string TXNumberFormatter::logMasterRoundingNumber() const { return listed(masterRoundingNumber()); }
 
-std::u16string TXNumberFormatter::logRoundingNumber() const { return listed(roundingNumber_); }
+std::u16string TXNumberFormatter::logRoundingNumber() const { return listed(roundingNumber()); }

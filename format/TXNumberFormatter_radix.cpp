@@ -75,8 +75,8 @@ std::u16string_view write(double number, const Radix& radix, std::u16string& tex
 
 }  // namespace
 
-std::u16string_view TXNumberFormatter::binaryNumberForNumber() { return write(masterNumber_, binary, text_); }
+std::u16string_view TXNumberFormatter::binaryView() { return write(masterNumber_, binary, text_); }
 
-std::u16string_view TXNumberFormatter::octalNumberForNumber() { return write(masterNumber_, octal, text_); }
+std::u16string_view TXNumberFormatter::octalView() { return write(masterNumber_, octal, text_); }
 
-std::u16string_view TXNumberFormatter::hexNumberForNumber() { return write(masterNumber_, hexadecimal, text_); }
+std::u16string_view TXNumberFormatter::hexView() { return write(masterNumber_, hexadecimal, text_); }

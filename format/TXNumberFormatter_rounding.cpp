@@ -13,8 +13,8 @@ constexpr int percentExponent = 2;  // times 100
 
 }  // namespace
 
-std::u16string_view TXNumberFormatter::roundToSignificantFigures(int figures) {
-    startRounding();
+std::u16string_view TXNumberFormatter::significantFiguresView(int figures) {
+    copyMasterNumberIntoRoundingNumber();
     int type = preferencesAnswerFormatting_;
     if (type == TXFormattingType::percent) {
         exponent_ += percentExponent;
@@ -32,18 +32,11 @@ std::u16string_view TXNumberFormatter::roundToSignificantFigures(int figures) {
     } else if (type == TXFormattingType::engineering) {
         decimalLocation_ = engLength(leading);
         exponent_ = leading - decimalLocation_ + 1;
-        addZerosToEnd(decimalLocation_ - roundingNumber_.count());
+        roundingNumber_.addZerosToEnd(decimalLocation_ - roundingNumber_.count());
     } else {
         writeOutPlainly(leading);
     }
-    return stringForNumber();
-}
-
-void TXNumberFormatter::startRounding() {
-    if (masterRoundingNumber_.count() == 0) {
-        setNumber(masterNumber_);  // a whole number, written without its digits
-    }
-    copyMasterNumberIntoRoundingNumber();
+    return numberView();
 }
 
 void TXNumberFormatter::writeOutPlainly(int leadingExponent) {
@@ -53,18 +46,18 @@ void TXNumberFormatter::writeOutPlainly(int leadingExponent) {
         return;
     }
     if (leadingExponent >= 0) {
-        addZerosToEnd(leadingExponent - roundingNumber_.count() + 1);
+        roundingNumber_.addZerosToEnd(leadingExponent - roundingNumber_.count() + 1);
         decimalLocation_ = leadingExponent + 1;
     } else {
-        addZerosToBeginning(-leadingExponent);
+        roundingNumber_.addZerosToBeginning(-leadingExponent);
         decimalLocation_ = 1;
     }
 }
 
-std::u16string_view TXNumberFormatter::roundToDecimal(int places) {
+std::u16string_view TXNumberFormatter::decimalView(int places) {
     // Beyond what a list holds one place more or less is the same.
     places = std::clamp(places, -DigitList::capacity, DigitList::capacity);
-    startRounding();
+    copyMasterNumberIntoRoundingNumber();
     const int type = preferencesAnswerFormatting_;
     if (type == TXFormattingType::percent) {
         exponent_ += percentExponent;
@@ -78,12 +71,12 @@ std::u16string_view TXNumberFormatter::roundToDecimal(int places) {
         roundToPlainPlaces(places);
     }
     if (decimalLocation_ == 0) {
-        addZerosToBeginning(1);
+        roundingNumber_.addZerosToBeginning(1);
         decimalLocation_ = 1;
     }
     // The places up to the point are part of the value, whether or not zeros are wanted behind it.
-    addZerosToEnd(decimalLocation_ - roundingNumber_.count());
-    return stringForNumber();
+    roundingNumber_.addZerosToEnd(decimalLocation_ - roundingNumber_.count());
+    return numberView();
 }
 
 void TXNumberFormatter::roundToScientificPlaces(int places) {
@@ -116,7 +109,7 @@ void TXNumberFormatter::roundToPlainPlaces(int places) {
         decimalLocation_ = 1;
     }
     if (decimalLocation_ < 1) {
-        addZerosToBeginning(1 - decimalLocation_);
+        roundingNumber_.addZerosToBeginning(1 - decimalLocation_);
         decimalLocation_ = 1;
     }
     padToLength(length);
@@ -124,7 +117,7 @@ void TXNumberFormatter::roundToPlainPlaces(int places) {
 
 void TXNumberFormatter::padToLength(int length) {
     if (preferencesAddZerosInDecimalMode_) {
-        addZerosToEnd(length - roundingNumber_.count());
+        roundingNumber_.addZerosToEnd(length - roundingNumber_.count());
     }
 }
 
@@ -135,6 +128,7 @@ int TXNumberFormatter::engLength(int leadingExponent) {
 }
 
 void TXNumberFormatter::setExponentsToZero() {
+    load();
     const int leading = sciPonent();
     // Compared as unsigned numbers: to a negative exponent no list is long enough.
     if (static_cast<std::uint32_t>(roundingNumber_.count() - 1) >= static_cast<std::uint32_t>(leading)) {

@@ -43,9 +43,9 @@ std::optional<ScaledNumber> wholeNumber(double magnitude) {
 int placesFor15Digits(double magnitude) {
     constexpr int fractionBits = 52;
     constexpr int bias = 1023;
-    constexpr int log2In65536ths = 19728;  // log10(2) * 65536
+    constexpr int log10Of2In65536ths = 19728;  // log10(2) * 65536
     const int binary = static_cast<int>(std::bit_cast<std::uint64_t>(magnitude) >> fractionBits) - bias;
-    return maxLeadingDigits - 1 - (binary * log2In65536ths >> 16);
+    return maxLeadingDigits - 1 - (binary * log10Of2In65536ths >> 16);
 }
 
 std::optional<ScaledNumber> scaledTo15Digits(double magnitude) {

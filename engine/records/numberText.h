@@ -17,11 +17,15 @@ struct ShortestDecimal {
     int exponent;  ///< Power of ten of the first digit, -324 to 308.
     std::array<char, numberTextCapacity> text;
 
-    /// The digits, '0' to '9', of which the first is not '0'. Whatever follows them may be read as well.
+    /// The digits, '0' to '9', of which the first is not '0'. They lie in `text` from its second character on, with
+    /// characters of no account behind them: whoever copies fixed lengths may take those along.
     std::string_view digits() const { return {text.data() + 1, static_cast<std::size_t>(count)}; }
 };
 
 /// The shortest digits of `magnitude`, which is finite and above zero; of several as short, the nearest.
+///
+/// They are the digits that numberText writes, of which the formatter takes the first 15: what an answer shows and what
+/// a result describes never differ in a digit. leadingDigitsTest holds the formatter to it.
 ShortestDecimal shortestDecimal(double magnitude);
 
 /// Whether a number whose first digit counts 10^exponent is written plainly, and not as "1e+17".

@@ -66,6 +66,21 @@ TEST(DigitList, becomesOneDigit) {
     EXPECT_EQ(list.count(), 0);
 }
 
+TEST(DigitList, losesZerosAtTheEndButNeverItsLastDigit) {
+    DigitList list;
+    list.removeZerosFromEnd();
+    EXPECT_EQ(list.count(), 0);
+    list.append(DigitList::Block{1, 0, 2, 0, 0}, 5);
+    list.removeZerosFromEnd();
+    EXPECT_EQ(written(list), "102");
+    list.removeZerosFromEnd();
+    EXPECT_EQ(written(list), "102");
+    list.setTo(0);
+    list.addZerosToEnd(3);
+    list.removeZerosFromEnd();
+    EXPECT_EQ(written(list), "0");
+}
+
 TEST(DigitList, takesZerosAtTheEnd) {
     for (const int count : {0, 1, 3, 15, 16, 17, 40}) {
         for (const int zeros : {smallest, -1, 0, 1, 2, 15, 16, 17, 33, 200}) {

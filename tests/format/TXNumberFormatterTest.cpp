@@ -1,9 +1,12 @@
 // The front door: settings taken over, separators, signs, and what is not finite.
 #include "format/TXNumberFormatter.h"
 
+#include <iterator>
 #include <limits>
 #include <ostream>
 #include <string>
+#include <type_traits>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -24,6 +27,15 @@ TEST(TXNumberFormatter, startsWithDefaultsAndWithoutDigits) {
     EXPECT_TRUE(formatter.preferencesAddZerosInDecimalMode());
     EXPECT_EQ(formatter.masterRoundingNumber().count(), 0);
     EXPECT_EQ(formatter.roundingNumber().count(), 0);
+    EXPECT_EQ(utf8(formatter.decimalCharacter()), ".");
+    EXPECT_EQ(utf8(formatter.seperatorCharacter()), ",");
+    EXPECT_EQ(utf8(formatter.exponentCharacter()), "e");
+}
+
+TEST(TXNumberFormatter, startsWithTheSeparatorOfItsSettings) {
+    TXNumberFormatterSettings settings;
+    settings.setThousandsCharacter(u"'");
+    EXPECT_EQ(utf8(TXNumberFormatter(&settings).seperatorCharacter()), "'");
 }
 
 TEST(TXNumberFormatter, isSetUpForItsFirstNumber) {
@@ -59,6 +71,130 @@ TEST(TXNumberFormatter, forgetsTheNumberBefore) {
     EXPECT_EQ(utf8(formatter.negative()), "");
     EXPECT_FALSE(formatter.displayExponent());
     EXPECT_EQ(utf8(formatter.formattedNumberForNumber(2.5)), "2.5");
+}
+
+TEST(TXNumberFormatter, forgetsAWholeNumberToo) {
+    TXNumberFormatter formatter;
+    formatter.formattedNumberForNumber(-1200.0);
+    formatter.prepareForFormat();
+    EXPECT_EQ(formatter.masterRoundingNumber().count(), 0);
+    EXPECT_EQ(formatter.roundingNumber().count(), 0);
+    EXPECT_EQ(formatter.decimalLocation(), -1);
+    EXPECT_EQ(utf8(formatter.negative()), "");
+    EXPECT_EQ(utf8(formatter.roundToSignificantFigures(-1)), "");
+    EXPECT_EQ(utf8(formatter.roundToDecimal(2)), "0.00");
+}
+
+std::string place(const TXNumberFormatter& formatter) {
+    return utf8(formatter.negative()) + " " + std::to_string(formatter.decimalLocation()) + "e" +
+           std::to_string(formatter.exponent()) + (formatter.displayExponent() ? " shown, " : ", ") +
+           std::to_string(formatter.masterDecimalLocation()) + "e" + std::to_string(formatter.masterExponent()) + ", " +
+           std::to_string(formatter.sciPonent()) + (formatter.isZeroNumber() ? ", zero" : "");
+}
+
+std::string state(const TXNumberFormatter& formatter) {
+    return utf8(formatter.logMasterRoundingNumber()) + " " + utf8(formatter.logRoundingNumber()) + " " +
+           place(formatter);
+}
+
+/// What formattedNumberForNumber does, step by step.
+std::u16string formatByStepsAlone(TXNumberFormatter& formatter, double number) {
+    formatter.prepareForFormat();
+    formatter.refreshFormatterSettings();
+    formatter.setNumber(number);
+    const int places = formatter.preferencesDecimalPlaces();
+    return places == -1 ? formatter.roundToSignificantFigures(formatter.preferencesSignificantFigures())
+                        : formatter.roundToDecimal(places);
+}
+
+constexpr double manyNumbers[] = {0.0,
+                                  -0.0,
+                                  1.0,
+                                  -7.0,
+                                  10.0,
+                                  -1200.0,
+                                  99999999.0,
+                                  100000000.0,
+                                  1e14,
+                                  -1e14,
+                                  123456789012345.0,
+                                  999999999999999.0,
+                                  1e15,
+                                  -1.5e20,
+                                  0.5,
+                                  -0.001,
+                                  1e-7,
+                                  1.0 / 3,
+                                  1299.9999999999998};
+
+struct Step {
+    const char* name;
+    void (*take)(TXNumberFormatter&);
+};
+const Step steps[] = {
+    {"none", [](TXNumberFormatter&) {}},
+    {"setNumber", [](TXNumberFormatter& formatter) { formatter.setNumber(0.0); }},
+    {"removeTrailingZeros", [](TXNumberFormatter& formatter) { formatter.removeTrailingZeros(); }},
+    {"eliminateNoise", [](TXNumberFormatter& formatter) { formatter.eliminateDoublePrecisionNoise(); }},
+    {"copyMasterNumber", [](TXNumberFormatter& formatter) { formatter.copyMasterNumberIntoRoundingNumber(); }},
+    {"truncate", [](TXNumberFormatter& formatter) { formatter.truncateToLength(0); }},
+    {"truncateWithRounding", [](TXNumberFormatter& formatter) { formatter.truncateWithRoundingToLength(1); }},
+    {"zerosToEnd", [](TXNumberFormatter& formatter) { formatter.addZerosToEnd(1); }},
+    {"zerosToBeginning", [](TXNumberFormatter& formatter) { formatter.addZerosToBeginning(1); }},
+    {"setExponentsToZero", [](TXNumberFormatter& formatter) { formatter.setExponentsToZero(); }},
+    {"figures", [](TXNumberFormatter& formatter) { formatter.roundToSignificantFigures(2); }},
+    {"places", [](TXNumberFormatter& formatter) { formatter.roundToDecimal(2); }},
+};
+
+TEST(TXNumberFormatter, isLeftAsTheStepsLeaveIt) {
+    for (const int type : {1, 2, 3, 4, 8}) {
+        for (const auto& digits : {automatic, figures(2), places(2)}) {
+            TXNumberFormatterSettings settings;
+            settings.setFormattingType(static_cast<std::int8_t>(type));
+            choose(settings, digits);
+            for (const double number : manyNumbers) {
+                for (const Step& step : steps) {
+                    SCOPED_TRACE(testing::Message() << number << " as " << type << ", then " << step.name);
+                    TXNumberFormatter formatter(&settings);
+                    TXNumberFormatter stepped(&settings);
+                    EXPECT_EQ(formatter.formattedNumberForNumber(number), formatByStepsAlone(stepped, number));
+                    step.take(formatter);
+                    step.take(stepped);
+                    EXPECT_EQ(state(formatter), state(stepped));
+                    EXPECT_EQ(utf8(formatter.stringForNumber()), utf8(stepped.stringForNumber()));
+                }
+            }
+        }
+    }
+}
+
+// Whichever is asked first: a whole number's text is written before its digits.
+TEST(TXNumberFormatter, hasTheDigitsOfAWholeNumberWhenAskedForThem) {
+    const auto formatted = [] {
+        TXNumberFormatter formatter;
+        formatter.formattedNumberForNumber(-1200.0);
+        return formatter;
+    };
+    EXPECT_EQ(formatted().masterRoundingNumber().count(), 2);
+    EXPECT_EQ(formatted().roundingNumber().count(), 4);
+    EXPECT_EQ(formatted().masterDecimalLocation(), 4);
+    EXPECT_EQ(formatted().decimalLocation(), 4);
+    EXPECT_EQ(formatted().masterExponent(), 0);
+    EXPECT_EQ(formatted().exponent(), 0);
+    EXPECT_EQ(formatted().sciPonent(), 3);
+    EXPECT_EQ(utf8(formatted().negative()), "-");
+    EXPECT_FALSE(formatted().displayExponent());
+    EXPECT_FALSE(formatted().isZeroNumber());
+    EXPECT_EQ(utf8(formatted().stringForNumber()), "-1200");
+    EXPECT_EQ(utf8(formatted().logMasterRoundingNumber()), "(1, 2)");
+    EXPECT_EQ(utf8(formatted().logRoundingNumber()), "(1, 2, 0, 0)");
+}
+
+TEST(TXNumberFormatter, keepsTheViewWhileItsDigitsAreLookedAt) {
+    TXNumberFormatter formatter;
+    const std::u16string_view view = formatter.formattedViewForNumber(-1200.0);
+    EXPECT_EQ(formatter.roundingNumber().count(), 4);
+    EXPECT_EQ(utf8(view), "-1200");
 }
 
 TEST(TXNumberFormatter, worksWithoutSettings) {
@@ -117,6 +253,8 @@ TEST(TXNumberFormatter, alwaysWritesPointAndE) {
     settings.setExponentCharacter(u"E");
     TXNumberFormatter formatter(&settings);
     EXPECT_EQ(utf8(formatter.formattedNumberForNumber(1.5e20)), "1.5e20");
+    EXPECT_EQ(utf8(formatter.decimalCharacter()), ".");
+    EXPECT_EQ(utf8(formatter.exponentCharacter()), "e");
 }
 
 TEST(TXNumberFormatter, keepsWhatItHasWhenItsSettingsAreTakenAway) {
@@ -149,6 +287,36 @@ TEST(TXNumberFormatter, givesAStringThatTheNextAnswerDoesNotTouch) {
     const std::u16string first = formatter.formattedNumberForNumber(123456789.25);
     formatter.formattedNumberForNumber(7.0);
     EXPECT_EQ(utf8(first), "123456789.25");
+}
+
+template <class Result>
+constexpr bool isString = std::is_same_v<Result, std::u16string>;
+using Formatter = TXNumberFormatter&;
+static_assert(isString<decltype(std::declval<Formatter>().stringForNumber())>);
+static_assert(isString<decltype(std::declval<Formatter>().roundToSignificantFigures(1))>);
+static_assert(isString<decltype(std::declval<Formatter>().roundToDecimal(1))>);
+static_assert(isString<decltype(std::declval<Formatter>().binaryNumberForNumber())>);
+static_assert(isString<decltype(std::declval<Formatter>().octalNumberForNumber())>);
+static_assert(isString<decltype(std::declval<Formatter>().hexNumberForNumber())>);
+
+TEST(TXNumberFormatter, givesStringsThatTheNextStepDoesNotTouch) {
+    TXNumberFormatter formatter;
+    formatter.formattedNumberForNumber(-20.75);
+    const std::u16string texts[] = {
+        formatter.roundToSignificantFigures(3), formatter.stringForNumber(),      formatter.roundToDecimal(1),
+        formatter.binaryNumberForNumber(),      formatter.octalNumberForNumber(), formatter.hexNumberForNumber()};
+    const char* const expected[] = {"-20.8", "-20.8", "-20.8", "-0b0001 0100", "-0o24", "-0x14"};
+    for (std::size_t step = 0; step < std::size(texts); ++step) {
+        EXPECT_EQ(utf8(texts[step]), expected[step]);
+    }
+}
+
+TEST(NotFinite, isLoadedAsZero) {
+    TXNumberFormatter formatter;
+    EXPECT_EQ(utf8(formatter.formattedNumberForNumber(-infinity)), "-inf");
+    EXPECT_EQ(utf8(formatter.logMasterRoundingNumber()), "(0)");
+    EXPECT_EQ(formatter.masterDecimalLocation(), 1);
+    EXPECT_EQ(utf8(formatter.roundToDecimal(2)), "0.00");
 }
 
 TEST(NotFinite, isTheSameUnderEverySetting) {
@@ -225,6 +393,48 @@ TEST(StringForNumber, hasNoSignWhereItReadsAsZero) {
     EXPECT_EQ(utf8(formatter.formattedNumberForNumber(-1234.5)), "-1234.5");
     formatter.addZerosToBeginning(3);
     EXPECT_EQ(utf8(formatter.stringForNumber()), "-0001.2345");
+}
+
+TEST(StringForNumber, readsBackUpToASecondPoint) {
+    TXNumberFormatterSettings settings;
+    settings.setThousandsSeparators(true);
+    settings.setThousandsCharacter(u".");
+    TXNumberFormatter formatter(&settings);
+    EXPECT_EQ(utf8(formatter.formattedNumberForNumber(-1234567.0)), "-1.234.567");
+    formatter.addZerosToBeginning(4);  // 0000123|4567, of which 7 stand before the point
+    EXPECT_EQ(utf8(formatter.stringForNumber()), "0.000.123.4567");
+
+    EXPECT_EQ(utf8(formatter.formattedNumberForNumber(-1234567.0)), "-1.234.567");
+    formatter.addZerosToBeginning(3);
+    EXPECT_EQ(utf8(formatter.stringForNumber()), "-0.001.234.567");
+}
+
+TEST(StringForNumber, groupsFromThePointThoughItLiesBeyondTheDigits) {
+    TXNumberFormatterSettings settings;
+    settings.setThousandsSeparators(true);
+    const struct {
+        double number;
+        const char* text;
+    } rows[] = {{12e3, "12"}, {12e2, "1,2"}, {1234e2, "123,4"}, {1234e3, "1,234"}, {1234e4, "12,34"}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.number);
+        TXNumberFormatter formatter(&settings);
+        formatter.refreshFormatterSettings();
+        formatter.setNumber(row.number);
+        formatter.copyMasterNumberIntoRoundingNumber();
+        EXPECT_EQ(utf8(formatter.stringForNumber()), row.text);
+    }
+}
+
+TEST(StringForNumber, hasNoSeparatorsWhereNoDigitStandsBeforeThePoint) {
+    TXNumberFormatterSettings settings;
+    settings.setThousandsSeparators(true);
+    TXNumberFormatter formatter(&settings);
+    formatter.refreshFormatterSettings();
+    formatter.setNumber(0.12345);
+    formatter.copyMasterNumberIntoRoundingNumber();
+    EXPECT_EQ(formatter.decimalLocation(), 0);
+    EXPECT_EQ(utf8(formatter.stringForNumber()), "12345");
 }
 
 TEST(StringForNumber, writesAnExponentThatIsNotZero) {

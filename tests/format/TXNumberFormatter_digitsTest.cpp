@@ -21,10 +21,10 @@ std::string written(const DigitList& list) {
 }
 
 struct LoadCase {
-    double number;
-    const char* digits;
-    int decimalLocation;
-    int exponent;
+    double number = 0.0;
+    const char* digits = "";
+    int decimalLocation = 1;
+    int exponent = 0;
     const char* negative = "";
 };
 
@@ -93,6 +93,37 @@ TEST(CleanUp, findsNothingToDoASecondTime) {
         formatter.eliminateDoublePrecisionNoise();
         EXPECT_EQ(written(formatter.masterRoundingNumber()), digits);
     }
+}
+
+TEST(CleanUp, leavesTheMasterNumberInTheWorkingDigits) {
+    struct {
+        double number;
+        const char* digits;
+        int decimalLocation;
+        int exponent;
+    } const rows[] = {
+        {12.5, "125", 2, 0}, {0.00123, "123", 0, -2}, {0.9999999999999999, "1", 1, 0}, {1.25e17, "125", 1, 17}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.number);
+        TXNumberFormatter formatter;
+        formatter.setNumber(row.number);
+        EXPECT_EQ(written(formatter.roundingNumber()), row.digits);
+        EXPECT_EQ(formatter.decimalLocation(), row.decimalLocation);
+        EXPECT_EQ(formatter.exponent(), row.exponent);
+        formatter.truncateToLength(-1);
+        formatter.eliminateDoublePrecisionNoise();
+        EXPECT_EQ(written(formatter.roundingNumber()), row.digits);
+        EXPECT_EQ(formatter.decimalLocation(), row.decimalLocation);
+        EXPECT_EQ(formatter.exponent(), row.exponent);
+    }
+}
+
+TEST(CleanUp, hasNothingToCopyForZero) {
+    TXNumberFormatter formatter;
+    formatter.setNumber(0.0);
+    EXPECT_EQ(formatter.roundingNumber().count(), 0);
+    EXPECT_EQ(formatter.decimalLocation(), -1);
+    EXPECT_EQ(formatter.exponent(), 1);
 }
 
 TEST(CleanUp, removesTheZerosThatNoiseLeft) {
@@ -203,8 +234,6 @@ TEST(IsZeroNumber, looksAtTheWorkingDigits) {
     formatter.addZerosToEnd(3);
     EXPECT_TRUE(formatter.isZeroNumber());
     formatter.setNumber(0.1);
-    EXPECT_TRUE(formatter.isZeroNumber());
-    formatter.copyMasterNumberIntoRoundingNumber();
     EXPECT_FALSE(formatter.isZeroNumber());
     formatter.addZerosToBeginning(3);
     EXPECT_FALSE(formatter.isZeroNumber());

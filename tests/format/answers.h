@@ -22,10 +22,10 @@ constexpr DigitChoice places(int count) { return {.places = count}; }
 constexpr DigitChoice bare(int count) { return {.places = count, .addsZeros = false}; }
 
 struct AnswerCase {
-    const char* name;
+    const char* name = "";
     DigitChoice digits;
-    double number;
-    const char* text;
+    double number = 0.0;
+    const char* text = "";
 };
 inline void PrintTo(const AnswerCase& row, std::ostream* out) { *out << row.text; }
 

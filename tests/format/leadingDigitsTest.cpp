@@ -1,5 +1,7 @@
 #include "format/leadingDigits.h"
 
+#include <algorithm>
+#include <array>
 #include <bit>
 #include <cmath>
 #include <limits>
@@ -34,10 +36,18 @@ Digits leading(double magnitude) {
     return {withoutZeros(digits), exponent};
 }
 
-/// The same by the way that is right for every double.
+/// The same, read from the text that numberText writes.
 Digits expected(double magnitude) {
-    const ShortestDecimal shortest = shortestDecimal(magnitude);
-    return {withoutZeros(std::string(shortest.digits().substr(0, 15))), shortest.exponent};
+    std::array<char, numberTextCapacity> buffer{};
+    const std::string text(writeNumberText(magnitude, buffer));
+    const std::size_t mark = std::min(text.find('e'), text.size());
+    std::string digits = text.substr(0, mark);
+    const std::size_t point = std::min(digits.find('.'), mark);
+    digits.erase(point, 1);
+    const std::size_t first = digits.find_first_not_of('0');
+    const int written = mark < text.size() ? std::stoi(text.substr(mark + 1)) : 0;
+    const int exponent = written + static_cast<int>(point) - static_cast<int>(first) - 1;
+    return {withoutZeros(digits.substr(first, 15)), exponent};
 }
 
 void expectTheShortest(double magnitude) {
