@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "engine/controller/messages.h"
+#include "engine/parser/characterClasses.h"
 #include "engine/records/wellKnown.h"
 
 namespace {
@@ -49,8 +50,6 @@ std::u16string answerNameFor(std::int32_t number) {
     std::u16string name(answerName);
     return name.append(text.data() + first, text.size() - first);
 }
-
-bool isDigit(char16_t character) { return character >= u'0' && character <= u'9'; }
 
 // The value of a run of digits, or the largest number where it is larger.
 std::int32_t saturatingInteger(std::u16string_view digits) {
