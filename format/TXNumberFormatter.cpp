@@ -11,8 +11,8 @@
 
 namespace {
 
-constexpr std::size_t longestExponent = 11;    // "-2147483648"
-constexpr double smallestWithExponent = 1e15;  // of decimal answers
+constexpr std::size_t longestExponent = 11;           // "-2147483648"
+constexpr double largestPlain = 999999999999999.875;  // the last double below 1e15
 
 /// Writes all digits of a block.
 template <std::size_t size>
@@ -59,18 +59,34 @@ char16_t* writeGroups(const std::uint8_t* digits, int whole, int location, std::
     return out;
 }
 
-char16_t* writeInteger(std::int64_t number, char16_t* out) {
+/// Writes the exponent of an answer, or any that a step was left with. That of a double has three digits at most: all
+/// three are written, each over the one before where that is a leading zero.
+char16_t* writeExponent(std::int64_t exponent, char16_t* out) {
+    const std::int64_t magnitude = std::abs(exponent);
     *out = u'-';
-    return writeWhole(std::abs(number), out + (number < 0 ? 1 : 0));
+    out += exponent < 0 ? 1 : 0;
+    if (magnitude >= 1000) {
+        return writeWhole(magnitude, out);
+    }
+    *out = static_cast<char16_t>(u'0' + magnitude / 100);
+    out += magnitude >= 100 ? 1 : 0;
+    *out = static_cast<char16_t>(u'0' + magnitude / 10 % 10);
+    out += magnitude >= 10 ? 1 : 0;
+    *out++ = static_cast<char16_t>(u'0' + magnitude % 10);
+    return out;
 }
 
 /// Whether `text` reads as the number 0, up to where it stops being a number.
 bool readsAsZero(std::u16string_view text) {
-    std::size_t end = text.find_first_not_of(u'0');
-    if (end != std::u16string_view::npos && text[end] == u'.') {
-        end = text.find_first_not_of(u'0', end + 1);
+    bool hasPoint = false;
+    for (const char16_t character : text) {
+        if (character == u'.' && !hasPoint) {
+            hasPoint = true;
+        } else if (character != u'0') {
+            return character < u'1' || character > u'9';
+        }
     }
-    return end == std::u16string_view::npos || text[end] < u'1' || text[end] > u'9';
+    return true;
 }
 
 }  // namespace
@@ -113,23 +129,22 @@ std::u16string_view TXNumberFormatter::wholeNumberText() {
     const bool isShownAsItIs = preferencesAnswerFormatting_ == TXFormattingType::decimal &&
                                preferencesDecimalPlaces_ == automatic && preferencesSignificantFigures_ == automatic &&
                                !preferencesThousandsSeperators_;
-    if (!isShownAsItIs || !(std::fabs(masterNumber_) < smallestWithExponent)) {
-        return {};
-    }
-    const auto whole = static_cast<std::int64_t>(masterNumber_);
-    if (static_cast<double>(whole) != masterNumber_) {
+    // Larger numbers, and what is no number, are made one that is not whole: a single question is left.
+    const double magnitude = std::min(largestPlain, std::fabs(masterNumber_));
+    const auto whole = static_cast<std::int64_t>(magnitude);
+    if (!isShownAsItIs || static_cast<double>(whole) != magnitude) {
         return {};
     }
     isLoaded_ = false;
     char16_t* const begin = roomFor(0);
-    const char16_t* const end = writeWhole(std::abs(whole), begin);
-    return {whole < 0 ? begin - 1 : begin, end};
+    const char16_t* const end = writeWhole(whole, begin);
+    return {masterNumber_ < 0.0 ? begin - 1 : begin, end};
 }
 
 // All that prepareForFormat reset is made what loading and rounding the number would have made it.
 void TXNumberFormatter::loadWholeNumber() const {
     isLoaded_ = true;
-    negative_ = masterNumber_ < 0.0 ? u"-" : u"";
+    negative_ = signOf(masterNumber_);
     const WholeDigits digits = wholeDigits(std::abs(static_cast<std::int64_t>(masterNumber_)));
     roundingNumber_.append(digits.first, digits.firstCount);
     if (digits.hasRest) {
@@ -146,6 +161,7 @@ void TXNumberFormatter::setInitValues() {
     prepareForFormat();
     decimalCharacter_ = u".";
     seperatorCharacter_ = firstSeperatorCharacter();
+    separatorOfSettings_ = nullptr;
     exponentCharacter_ = u"e";
     isSetUp_ = true;
 }
@@ -171,8 +187,10 @@ void TXNumberFormatter::refreshFormatterSettings() {
     preferencesDecimalPlaces_ = +settings.decimalPlaces();
     preferencesThousandsSeperators_ = settings.thousandsSeparators();
     preferencesAddZerosInDecimalMode_ = settings.addZerosInDecimalMode();
-    if (seperatorCharacter_ != settings.thousandsCharacter()) {
-        seperatorCharacter_ = settings.thousandsCharacter();
+    const std::u16string& separator = settings.thousandsCharacter();
+    if (&separator != separatorOfSettings_) {
+        seperatorCharacter_ = separator;
+        separatorOfSettings_ = &separator;
     }
 }
 
@@ -194,11 +212,11 @@ std::u16string_view TXNumberFormatter::numberView() {
     }
     if (displayExponent_ || exponent_ != 0) {
         *end++ = exponentCharacter_.front();
-        end = writeInteger(exponent_, end);
+        end = writeExponent(exponent_, end);
     }
-    // An answer that was rounded to zero has no sign.
-    if (!negative_.empty() && !readsAsZero({begin, end})) {
-        --begin;
+    // An answer that was rounded to zero has no sign. Others get theirs without a branch: it could not be foreseen.
+    if (!readsAsZero({begin, end})) {
+        begin -= negative_.size();
     }
     if (preferencesAnswerFormatting_ == TXFormattingType::percent) {
         *end++ = u'%';

@@ -24,7 +24,10 @@ public:
         : numberFormatterSettings_(settings), seperatorCharacter_(firstSeperatorCharacter()) {}
 
     const TXNumberFormatterSettings* numberFormatterSettings() const { return numberFormatterSettings_; }
-    void setNumberFormatterSettings(const TXNumberFormatterSettings* settings) { numberFormatterSettings_ = settings; }
+    void setNumberFormatterSettings(const TXNumberFormatterSettings* settings) {
+        numberFormatterSettings_ = settings;
+        separatorOfSettings_ = nullptr;
+    }
 
     /// The text of `number`, as the settings now are.
     ///
@@ -163,6 +166,7 @@ private:
     std::u16string_view octalView();
     std::u16string_view hexView();
 
+    static std::u16string_view signOf(double number) { return std::u16string_view(u"-", number < 0.0 ? 1 : 0); }
     /// Public steps and accessors begin with it where they read or change the digits, their place or their sign.
     void load() const {
         if (!isLoaded_) loadWholeNumber();
@@ -187,6 +191,8 @@ private:
     std::u16string_view decimalCharacter_ = u".";  ///< One character, and so is exponentCharacter_.
     std::u16string seperatorCharacter_;
     std::u16string_view exponentCharacter_ = u"e";
+    /// The text of the settings that seperatorCharacter_ is a copy of. Settings give each value a text that stays.
+    const std::u16string* separatorOfSettings_ = nullptr;
 
     double masterNumber_ = 0.0;
     // The text of a whole number is written without any of these: they are filled when something first looks at them.

@@ -33,7 +33,7 @@ void TXNumberFormatter::setNumber(double number) {
 
 // Without the working digits: who rounds the number copies them anyway.
 void TXNumberFormatter::loadMasterNumber(double number) {
-    negative_ = number < 0.0 ? u"-" : u"";
+    negative_ = signOf(number);
     masterDecimalLocation_ = 1;
     masterExponent_ = 0;
     if (number == 0.0 || !std::isfinite(number)) {
@@ -101,7 +101,7 @@ void TXNumberFormatter::copyMasterNumberIntoRoundingNumber() {
 
 void TXNumberFormatter::truncateToLength(int length) {
     load();
-    if (length >= roundingNumber_.count() && length >= 0) {
+    if (length >= roundingNumber_.count()) {
         return;
     }
     const bool roundsUp = length >= 0 && roundingNumber_[length] >= 5;

@@ -19,7 +19,8 @@ struct WholeDigits {
 
 /// How many digits a number below 10^8 has.
 inline int digitCount(std::uint32_t number) {
-    constexpr std::array<std::uint32_t, 9> powers{1, 10, 100, 1000, 10000, 100000, 1000000, 10000000, 100000000};
+    // Static, or it would be laid out anew for each number.
+    static constexpr std::array<std::uint32_t, 9> powers{1, 10, 100, 1000, 10000, 100000, 1000000, 10000000, 100000000};
     constexpr int log10Of2In4096ths = 1233;  // log10(2) * 4096
     const std::uint32_t counted = number | 1U;
     const int shortest = static_cast<int>(std::bit_width(counted)) * log10Of2In4096ths / 4096;  // or one more

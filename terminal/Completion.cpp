@@ -23,8 +23,8 @@ std::vector<std::u16string> namesBeginningWith(std::u16string_view start, const 
         if (function.starts_with(start) && function != neverAnswers) names.push_back(std::u16string(function) + u'(');
     }
     for (const TXVariable& variable : controller.variableArray()) {
-        const std::u16string& name = variable.variableName();
-        if (variable.isDefined() && name.starts_with(start)) names.push_back(name);
+        const std::u16string_view name = variable.variableName();
+        if (variable.isDefined() && name.starts_with(start)) names.emplace_back(name);
     }
     // The numbered answers and a variable of the user's can have the same name.
     std::sort(names.begin(), names.end());

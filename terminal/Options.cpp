@@ -133,6 +133,20 @@ void apply(const po::option& argument, Options& options) {
     option->apply(options, value);
 }
 
+// The library's own texts have places for a name, which it looks for again after each one that it has filled in. A name
+// that is itself such a place would keep it busy for ever, so where the name may be any, the text is ours.
+std::string complaintOf(const po::error& error) {
+    if (const auto* const unknown = dynamic_cast<const po::unknown_option*>(&error)) {
+        return "unrecognised option '" + unknown->get_option_name() + "'";
+    }
+    const auto* const wrong = dynamic_cast<const po::invalid_command_line_syntax*>(&error);
+    if (wrong != nullptr && wrong->kind() == po::invalid_command_line_syntax::empty_adjacent_parameter) {
+        return "the argument for option '" + wrong->get_option_name() +
+               "' should follow immediately after the equal sign";
+    }
+    return error.what();
+}
+
 Options complaining(std::string complaint) {
     Options options;
     options.action = Options::Action::complain;
@@ -152,7 +166,7 @@ Options Options::parse(const std::vector<std::string>& arguments) {
         }
         return options;
     } catch (const po::error& error) {
-        return complaining(error.what());
+        return complaining(complaintOf(error));
     } catch (const UsageError& error) {
         return complaining(error.what());
     }

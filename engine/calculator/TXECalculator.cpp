@@ -46,37 +46,36 @@ void TXECalculator::prepareForCalculation() {
     if (equationBlocks_ == nullptr) {
         return;
     }
-    const auto info = equationBlocks_->info();
     equationBlocksLength_ = equationBlocks_->size();
-    equationBlockValues_.resize(info.size());
-    equationBlockPositions_.reserve(info.size());
-    equationBlockStructs_.reserve(info.size());
-    TXBlockValues_.reserve(static_cast<std::size_t>(equationBlocks_->blockCount()));
-    for (std::size_t list = 0; list < info.size(); ++list) {
-        const auto start = static_cast<std::int32_t>(TXBlockValues_.size());
-        equationBlockPositions_.push_back({.start = start, .length = info[list].blockRange().length});
-        equationBlockStructs_.push_back(info[list].parentBlockInfoStruct());
-        for (const TXBlock& block : std::as_const(*equationBlocks_)[static_cast<std::int32_t>(list)]) {
-            takeBlock(block);
+    txBlocksLength_ = equationBlocks_->blockCount();
+    for (const TXBlockInfo& list : equationBlocks_->info()) {
+        equationBlockPositions_.push_back(list.blockRange());
+        equationBlockStructs_.push_back(list.parentBlockInfoStruct());
+        equationBlockValues_.push_back(0.0);
+    }
+    takeBlocks();
+}
+
+// Lays the blocks out, with the values of the variables in place of their own numbers.
+void TXECalculator::takeBlocks() {
+    const auto blocks = std::as_const(*equationBlocks_).blocks();
+    TXBlockValues_.assign(blocks.begin(), blocks.end());
+    for (_TXBlockStruct& block : TXBlockValues_) {
+        if (block.variablePointer != -1) {
+            takeValueOfVariable(block);
         }
     }
-    txBlocksLength_ = equationBlocks_->blockCount();
     if (!undefinedVariables_.empty()) {
         reportUndefinedVariables();
     }
 }
 
-// Lays one block out, with the value of its variable in place of its own number.
-void TXECalculator::takeBlock(const TXBlock& block) {
-    _TXBlockStruct& taken = TXBlockValues_.emplace_back(block.blockStruct());
-    if (taken.variablePointer == -1) {
-        return;
-    }
+void TXECalculator::takeValueOfVariable(_TXBlockStruct& block) {
     const TXVariableArray& variables = equationController_->variableArray();
-    if (variables.holds(taken.variablePointer) && variables[taken.variablePointer].isDefined()) {
-        taken.number = variables[taken.variablePointer].number();
+    if (variables.holds(block.variablePointer) && variables[block.variablePointer].isDefined()) {
+        block.number = variables[block.variablePointer].number();
     } else {
-        undefinedVariables_.push_back(taken.variablePointer);
+        undefinedVariables_.push_back(block.variablePointer);
     }
 }
 
@@ -109,8 +108,7 @@ void TXECalculator::calculateEquation() {
         if (list != 0) {
             // The parent keeps its own sign, so -(2+3) is -5.
             const auto [parentIndex, parentSubIndex] = equationBlockStructs_[static_cast<std::size_t>(list)];
-            const TXBlockRange parent = equationBlockPositions_[static_cast<std::size_t>(parentIndex)];
-            blockAt(parent.start + parentSubIndex).number = listValue(list);
+            blocksOfList(parentIndex)[static_cast<std::size_t>(parentSubIndex)].number = listValue(list);
         }
     }
 }
@@ -119,9 +117,7 @@ void TXECalculator::calculateFunctionsInBlock(std::int32_t list) {
     if (!holdsList(list)) {
         return;
     }
-    const TXBlockRange range = equationBlockPositions_[static_cast<std::size_t>(list)];
-    for (std::int32_t position = range.start; position < range.end(); ++position) {
-        _TXBlockStruct& block = blockAt(position);
+    for (_TXBlockStruct& block : blocksOfList(list)) {
         if (block.TXFunction_ != -1) {
             block.number = calculateTXFunction(block.TXFunction_, block.blockPointers);
         }
@@ -160,7 +156,7 @@ void TXECalculator::createUndefinedVariableErrorMessage(const std::vector<std::i
     std::u16string names;
     for (const std::int32_t variable : variables) {
         names += names.empty() ? u"" : u", ";
-        names += known.holds(variable) ? std::u16string_view(known[variable].variableName()) : undefinedValueName;
+        names += known.holds(variable) ? known[variable].variableName() : undefinedValueName;
     }
     const bool isOne = variables.size() == 1;
     setErrorMessage(

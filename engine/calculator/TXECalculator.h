@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -71,21 +72,23 @@ protected:
     std::vector<_TXBlockStruct> TXBlockValues_;             ///< All blocks, the lists one after another.
 
 private:
-    void takeBlock(const TXBlock& block);
+    void takeBlocks();
+    void takeValueOfVariable(_TXBlockStruct& block);
     void reportUndefinedVariables();
     void freeArrays();
-    _TXBlockStruct& blockAt(std::int32_t position) { return TXBlockValues_[static_cast<std::size_t>(position)]; }
-    double signedNumber(std::int32_t position) const;
+    std::span<_TXBlockStruct> blocksOfList(std::int32_t list) {
+        const auto [start, length] = equationBlockPositions_[static_cast<std::size_t>(list)];
+        return {TXBlockValues_.data() + start, static_cast<std::size_t>(length)};
+    }
     double listValue(std::int32_t list) const;
     bool holdsList(std::int32_t list) const {
         return list >= 0 && static_cast<std::size_t>(list) < equationBlockValues_.size();
     }
 
     // arithmetic
-    char16_t operatorWithin(std::int32_t position, std::int32_t last) const;
-    double termFrom(std::int32_t& position, std::int32_t last);
-    std::int32_t endOfChain(std::int32_t first, std::int32_t last) const;
-    double standaloneOperand(std::int32_t position);
+    double termFrom(const _TXBlockStruct*& block, const _TXBlockStruct* last);
+    double powerFrom(const _TXBlockStruct*& block, const _TXBlockStruct* last);
+    double standaloneOperand(const _TXBlockStruct& block);
 
     // functions
     double functionOfOne(std::int32_t function, double argument, std::u16string_view& message) const;

@@ -27,7 +27,7 @@ public:
         const std::uint32_t keyHash = TXNameIndex::hash(key);
         const std::int32_t position = indexOf(key, keyHash);
         if (position == TXNameIndex::none) {
-            index_.insert(keyHash, size());
+            index_.insert(key, keyHash, size(), KeyAt{entries_});
             entries_.emplace_back(key, std::move(value));
         } else {
             entries_[static_cast<std::size_t>(position)].second = std::move(value);
@@ -35,12 +35,19 @@ public:
     }
 
 private:
+    using Entries = std::vector<std::pair<std::u16string, Value>>;
+
+    struct KeyAt {
+        const Entries& entries;
+        std::u16string_view operator()(std::int32_t position) const {
+            return entries[static_cast<std::size_t>(position)].first;
+        }
+    };
+
     std::int32_t indexOf(std::u16string_view key, std::uint32_t keyHash) const {
-        return index_.find(key, keyHash, [this](std::int32_t position) -> std::u16string_view {
-            return entries_[static_cast<std::size_t>(position)].first;
-        });
+        return index_.find(key, keyHash, KeyAt{entries_});
     }
 
-    std::vector<std::pair<std::u16string, Value>> entries_;
+    Entries entries_;
     TXNameIndex index_;
 };

@@ -38,19 +38,6 @@ std::u16string_view trimmed(std::u16string_view line) {
     return line;
 }
 
-// "ans12" for 12.
-std::u16string answerNameFor(std::int32_t number) {
-    constexpr std::int32_t base = 10;
-    std::array<char16_t, std::numeric_limits<std::int32_t>::digits10 + 1> text{};
-    std::size_t first = text.size();
-    do {
-        text[--first] = static_cast<char16_t>(u'0' + number % base);
-        number /= base;
-    } while (number != 0);
-    std::u16string name(answerName);
-    return name.append(text.data() + first, text.size() - first);
-}
-
 // The value of a run of digits, or the largest number where it is larger.
 std::int32_t saturatingInteger(std::u16string_view digits) {
     constexpr std::int64_t base = 10;
@@ -82,10 +69,11 @@ void TXEquationController::clearAll() {
     equationHasher_.reset();  // neither must go on referring to an equation that is gone
     equationCalculator_.reset();
     equationsArray_.clear();
+    memory_.release();
     variableArray_.clear();
-    variableArray_.append(TXVariable::initWithName(std::u16string(piName), true, piValue)).setIsLocked(true);
-    variableArray_.append(TXVariable::initWithName(std::u16string(answerName), false, 0.0)).setIsAutoCached(true);
-    currentAnswerCacheNumber_ = 0;
+    variableArray_.append(TXVariable::initWithName(piName, true, piValue)).setIsLocked(true);
+    variableArray_.append(TXVariable::initWithName(answerName, false, 0.0)).setIsAutoCached(true);
+    currentAnswerCacheName_ = {};
     currentAnswerCacheNumberBlacklist_.clear();
 }
 
@@ -96,7 +84,7 @@ TXResult* TXEquationController::addOneStringBlindly(std::u16string_view line) {
     }
     const auto index = static_cast<std::int32_t>(equationsArray_.size());
     // Stored first and worked on where it stays, so that the result given out lives in the stored equation.
-    TXEquation& equation = equationsArray_.emplace_back(TXEquation::initWithEquationString(std::u16string(text)));
+    TXEquation& equation = equationsArray_.emplace_back(text, memory());
     equation.setEquationIndex(index);
     equationHasher_.hashEquation(equation);
     TXResult* result = equationCalculator_.calculateEquation(equation);
@@ -123,8 +111,9 @@ void TXEquationController::keepAnswer(const TXResult& result, std::int32_t equat
 
 std::int32_t TXEquationController::newAnswerVariable(double number, std::int32_t equationIndex) {
     incrementAutoCacheNumber();
-    TXVariable& variable =
-        variableArray_.append(TXVariable::initWithName(answerNameFor(currentAnswerCacheNumber_), true, number));
+    const std::u16string_view name = currentAnswerCacheName_.text();
+    TXVariable& variable = variableArray_.append(name, TXNameIndex::hash(name));
+    variable.setNumber(number);
     variable.setIsAutoCached(true);
     variable.setDefinedInEquationIndex(equationIndex);
     return variable.variableIndex();
@@ -172,22 +161,22 @@ void TXEquationController::addNumbertoAutoIncrementBlacklistIfNecessary(std::int
         return;
     }
     const std::int32_t number = saturatingInteger(digits);
-    if (number >= 1 && currentAnswerCacheNumber_ < number) {
+    if (number >= 1 && currentAnswerCacheNumber() < number) {
         currentAnswerCacheNumberBlacklist_.insert(number);
     }
 }
 
 void TXEquationController::incrementAutoCacheNumber() {
     do {
-        ++currentAnswerCacheNumber_;
-    } while (currentAnswerCacheNumberBlacklist_.contains(currentAnswerCacheNumber_));
+        currentAnswerCacheName_.countOn();
+    } while (currentAnswerCacheNumberBlacklist_.contains(currentAnswerCacheNumber()));
 }
 
 void TXEquationController::hashEquationForDebug(std::u16string_view text) {
     constexpr double debugValue = 0.002377;
     variableArray_.append(TXVariable::initWithName(u"myVariable", true, debugValue));
     lastVariableAssignedIndex_ = 2;
-    TXEquation equation = TXEquation::initWithEquationString(std::u16string(text));
+    TXEquation equation = TXEquation::initWithEquationString(text);
     equationHasher_.hashEquation(equation);
     equationHasher_.reset();  // the equation ends here
 }

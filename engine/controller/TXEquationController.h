@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <memory_resource>
 #include <optional>
 #include <set>
 #include <string>
@@ -9,6 +10,7 @@
 #include <vector>
 
 #include "engine/calculator/TXECalculator.h"
+#include "engine/controller/AnswerName.h"
 #include "engine/controller/TXDictionary.h"
 #include "engine/parser/TXEHasher.h"
 #include "engine/records/TXEquation.h"
@@ -79,7 +81,7 @@ public:
     const TXDictionary<std::u16string>& reservedKeywords() const { return reservedKeywords_; }
 
     /// The number of the newest numbered answer, 0 when there is none.
-    std::int32_t currentAnswerCacheNumber() const { return currentAnswerCacheNumber_; }
+    std::int32_t currentAnswerCacheNumber() const { return currentAnswerCacheName_.number(); }
     /// The answer numbers that the numbering leaves out.
     const std::set<std::int32_t>& currentAnswerCacheNumberBlacklist() const {
         return currentAnswerCacheNumberBlacklist_;
@@ -102,6 +104,10 @@ public:
     TXEHasher& equationHasher() { return equationHasher_; }
     TXECalculator& equationCalculator() { return equationCalculator_; }
 
+    /// Where texts and block lists of the session's equations lie. It only grows, until `clearAll` gives all of it
+    /// back.
+    std::pmr::memory_resource* memory() { return &memory_; }
+
     // The steps of construction.
     void setInitialValues();
     void createFunctionDictionary();
@@ -112,12 +118,13 @@ private:
     std::int32_t newAnswerVariable(double number, std::int32_t equationIndex);
 
     TXVariableArray variableArray_;
+    std::pmr::monotonic_buffer_resource memory_;
     std::deque<TXEquation> equationsArray_;
     std::vector<std::u16string> answerDescriptions_;  ///< Stays empty: answers have no descriptions.
     TXDictionary<TXFunction> functionDictionary_;
     std::vector<std::u16string_view> nativeFunctionNames_;
     TXDictionary<std::u16string> reservedKeywords_;
-    std::int32_t currentAnswerCacheNumber_ = 0;
+    AnswerName currentAnswerCacheName_;
     std::int32_t lastVariableAssignedIndex_ = -1;
     std::set<std::int32_t> currentAnswerCacheNumberBlacklist_;
     bool useRadians_ = true;

@@ -1,8 +1,6 @@
 #include "engine/parser/TXBlockListsBuilder.h"
 
-#include <iterator>
 #include <span>
-#include <utility>
 
 void TXBlockListsBuilder::begin() {
     clear();
@@ -11,47 +9,30 @@ void TXBlockListsBuilder::begin() {
 }
 
 void TXBlockListsBuilder::clear() {
-    open_.clear();
-    open_.emplace_back();
-    closed_.clear();
+    blocks_.clear();
+    blocks_.emplace_back();
     info_.clear();
 }
 
-std::int32_t TXBlockListsBuilder::openList() {
-    info_.emplace_back();
-    return size() - 1;
-}
-
-void TXBlockListsBuilder::closeList(std::int32_t list) {
-    if (onlyCounts_ || !holds(list)) {
-        return;
-    }
-    const std::int32_t length = info(list)->blockRange().length;
-    info(list)->setBlockRange({.start = static_cast<std::int32_t>(closed_.size()), .length = length});
-    const auto working = open_.end() - 1;
-    const auto first = working - length;
-    closed_.insert(closed_.end(), std::make_move_iterator(first), std::make_move_iterator(working));
-    if (first != working) {
-        *first = std::move(*working);
-        open_.erase(first + 1, open_.end());
-    }
-}
-
 TXBlock* TXBlockListsBuilder::block(std::int32_t list, std::int32_t index) {
-    if (index < 0 || index >= count(list)) {
+    if (!holds(list) || index < 0) {
         return nullptr;
     }
-    const std::int32_t position = info(list)->blockRange().start + index;
-    return position < openCount() ? &open_[static_cast<std::size_t>(position)] : nullptr;
+    std::int32_t inList = info_[static_cast<std::size_t>(list)].blockRange().start;
+    for (auto placed = blocks_.rbegin() + 1; inList > index; ++placed) {
+        if (placed->list == list && --inList == index) {
+            return &placed->block;
+        }
+    }
+    return nullptr;
 }
 
-TXBlockLists TXBlockListsBuilder::finish() {
+TXBlockLists TXBlockListsBuilder::finish(std::pmr::memory_resource* memory) {
     if (info_.empty()) {
         return {};
     }
-    TXBlockInfo& top = info_.front();
-    top.setBlockRange({.start = static_cast<std::int32_t>(closed_.size()), .length = top.blockRange().length});
-    TXBlockLists lists(closed_, std::span(open_).first(open_.size() - 1), info_);
-    clear();
+    TXBlockLists lists(std::span(blocks_.data(), blocks_.size() - 1), info_, memory);
+    info_.clear();
+    workingBlock() = TXBlock();
     return lists;
 }

@@ -7,6 +7,7 @@
 #include "engine/controller/TXEquationController.h"
 #include "engine/parser/characterClasses.h"
 #include "engine/parser/messages.h"
+#include "engine/records/filled.h"
 
 TXEHasher::TXEHasher(TXEquationController& controller) : equationController_(&controller) {}
 
@@ -14,18 +15,33 @@ TXResult* TXEHasher::hashEquation(TXEquation& equation) {
     reset();
     load(equation);
     prepareForHashOfLeftSide();
-    for (equationPosition_ = 0; equationPosition_ < equationLength_; ++equationPosition_) {
-        positionBeforePreviousHash_ = std::exchange(positionBeforeHash_, equationPosition_);
-        hashCharacter(characterAt(equationPosition_));
-        if (isThereAnError_) {
-            break;
-        }
-    }
+    scan();
     checkForPostHashingErrors();
 
     handOver(equation);
     replaceAnsVariableInMasterEquationString(equation);
     return currentEquationResult_;
+}
+
+inline void TXEHasher::hashCharacter(char16_t character) {
+    switch (characterKind(character)) {
+        case CharacterKind::number: parseNumber(); break;
+        case CharacterKind::operatorRun: parseOperator(); break;
+        case CharacterKind::blank: gobbleWhitespace(); break;
+        case CharacterKind::semicolon: refuse(parserMessages::semicolon); break;
+        case CharacterKind::comma: refuse(parserMessages::comma); break;
+        case CharacterKind::name: parseFunctionOrVariable(); break;
+    }
+}
+
+void TXEHasher::scan() {
+    for (equationPosition_ = 0; equationPosition_ < equationLength_; ++equationPosition_) {
+        positionBeforePreviousHash_ = std::exchange(positionBeforeHash_, equationPosition_);
+        hashCharacter(*textFrom(equationPosition_));
+        if (isThereAnError_) {
+            return;
+        }
+    }
 }
 
 // A refused equation has no lists.
@@ -36,12 +52,13 @@ void TXEHasher::handOver(TXEquation& equation) {
         return;
     }
     currentEquationResult_->setIsHashed(true);
+    std::pmr::memory_resource* const memory = equationController_->memory();
     if (equalsCount_ == 0) {
-        equation.setLeftEquationBlocks(equationBlocks_.finish());
+        equation.setLeftEquationBlocks(equationBlocks_.finish(memory));
         equation.setRightEquationBlocks({});
     } else {
         equation.setLeftEquationBlocks(std::move(leftEquationBlocks_));
-        equation.setRightEquationBlocks(equationBlocks_.finish());
+        equation.setRightEquationBlocks(equationBlocks_.finish(memory));
     }
 }
 
@@ -53,14 +70,16 @@ void TXEHasher::reset() {
     currentIndex_ = 0;
     equationIndentLevel_ = 0;
     isThereAnError_ = false;
-    unicharEquation_.clear();
+    unicharEquation_ = {};
+    lastEquationPosition_ = -1;
     undefinedWord_ = {};
     namePosition_ = 0;
     positionsOfAnsVariable_.clear();
+    leftEquationBlocks_ = {};  // of a refused line; its memory goes with the session's
     overloadedAnsBeforeEquals_ = false;
 }
 
-// Takes over the equation's text, and gives the equation the fresh result that is filled from here on.
+// Looks at the equation's text, and gives the equation the fresh result that is filled from here on.
 void TXEHasher::load(TXEquation& equation) {
     constexpr std::size_t longest = std::size_t{1} << 27U;  // a character can need some 70 bytes while it is parsed
     currentEquationResult_ = &equation.beginResult();
@@ -68,12 +87,10 @@ void TXEHasher::load(TXEquation& equation) {
     positionBeforePreviousHash_ = 0;
     positionBeforeHash_ = 0;
     if (equation.masterString().size() > longest) {
-        setErrorMessage(std::u16string(parserMessages::parsingError));
+        refuse(parserMessages::parsingError);
     } else {
-        unicharEquation_ = equation.masterString();
+        lookAt(equation.masterString());
     }
-    equationLength_ = static_cast<std::int32_t>(unicharEquation_.size());
-    lastEquationPosition_ = equationLength_ - 1;
 }
 
 void TXEHasher::prepareForHashOfLeftSide() {
@@ -83,7 +100,7 @@ void TXEHasher::prepareForHashOfLeftSide() {
 
 void TXEHasher::prepareForHashOfRightSide() {
     if (!isThereAnError_) {
-        leftEquationBlocks_ = equationBlocks_.finish();
+        leftEquationBlocks_ = equationBlocks_.finish(equationController_->memory());
     }
     prepareBlocks();
 }
@@ -97,22 +114,6 @@ void TXEHasher::prepareBlocks() {
     }
 }
 
-void TXEHasher::hashCharacter(char16_t character) {
-    if (isDigit(character) || character == u'.') {
-        parseNumber();
-    } else if (isOperator(character)) {
-        parseOperator();
-    } else if (isWhitespace(character)) {
-        gobbleWhitespace();
-    } else if (character == u';') {
-        setErrorMessage(std::u16string(parserMessages::semicolon));
-    } else if (character == u',') {
-        setErrorMessage(std::u16string(parserMessages::comma));
-    } else {
-        parseFunctionOrVariable();
-    }
-}
-
 void TXEHasher::gobbleWhitespace() {
     if (!isWhitespace(characterAt(equationPosition_))) {
         return;
@@ -123,12 +124,13 @@ void TXEHasher::gobbleWhitespace() {
 }
 
 std::u16string_view TXEHasher::getStringUpToOperator() {
-    const std::int32_t start = equationPosition_;
-    while (equationPosition_ < equationLength_ && !isVariableDelimiter(characterAt(equationPosition_))) {
-        ++equationPosition_;
+    const std::u16string_view rest = textBetween(equationPosition_, lastEquationPosition_);
+    std::size_t length = 0;
+    while (length < rest.size() && !isVariableDelimiter(rest[length])) {
+        ++length;
     }
-    --equationPosition_;
-    return textBetween(start, equationPosition_);
+    equationPosition_ += static_cast<std::int32_t>(length) - 1;
+    return rest.substr(0, length);
 }
 
 std::u16string_view TXEHasher::textBetween(std::int32_t first, std::int32_t last) const {
@@ -136,7 +138,11 @@ std::u16string_view TXEHasher::textBetween(std::int32_t first, std::int32_t last
         return {};
     }
     const auto start = static_cast<std::size_t>(first);
-    return std::u16string_view(unicharEquation_).substr(start, static_cast<std::size_t>(last) + 1 - start);
+    return unicharEquation_.substr(start, static_cast<std::size_t>(last) + 1 - start);
+}
+
+void TXEHasher::refuse(std::u16string_view message, std::initializer_list<std::u16string_view> parts) {
+    setErrorMessage(filled(message, parts));
 }
 
 void TXEHasher::setErrorMessage(std::u16string message) {

@@ -1,12 +1,14 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "engine/parser/TXBlockListsBuilder.h"
+#include "engine/parser/characterClasses.h"
 #include "engine/records/TXEquation.h"
 #include "engine/records/TXPosition.h"
 
@@ -48,10 +50,19 @@ public:
     /// Reads a run of "+", "-" and blanks. `parseNegativeNumber` tells whether it is negative: an odd number of "-".
     void parseNegativeSign();
     bool parseNegativeNumber() const { return parseNegativeNumber_; }
-    void addOperatorToStack(char16_t blockOperator);
-    void addNumberToStack(double number);
+    void addOperatorToStack(char16_t blockOperator) { workingTXBlock().setBlockOperator(blockOperator); }
+    void addNumberToStack(double number) {
+        workingTXBlock().setNumber(number);
+        addWorkingBlockToStack();
+    }
     /// Appends the working block to the current list and starts the next one. Refused without an operator in between.
-    void addWorkingBlockToStack();
+    void addWorkingBlockToStack() {
+        if (workingTXBlock().blockOperator() == 0 && equationBlocks_.count(currentIndex_) > 0) {
+            reportMissingOperator(equationPosition_);
+        } else if (equationBlocks_.holds(currentIndex_)) {
+            equationBlocks_.append(currentIndex_);
+        }
+    }
 
     // TXEHasher_groups.cpp: opening and closing lists
 
@@ -86,7 +97,7 @@ public:
     void addUndefinedVariableToStack();
     /// Writes into the equation's text what each bare `ans` in it stood for. A text that would become longer than 2^24
     /// characters, and than eight times what was typed, stays as typed.
-    void replaceAnsVariableInMasterEquationString(TXEquation& equation) const;
+    void replaceAnsVariableInMasterEquationString(TXEquation& equation);
 
     // TXEHasher_tolerances.cpp
 
@@ -111,8 +122,17 @@ protected:
     void gobbleWhitespace();
     std::u16string_view getStringUpToOperator();
     void setErrorMessage(std::u16string message);
+    /// Sets the message with `parts` filled in. Few lines are refused, so this is kept out of the way of the others.
+    [[gnu::cold, gnu::noinline]] void refuse(std::u16string_view message,
+                                             std::initializer_list<std::u16string_view> parts = {});
 
     void load(TXEquation& equation);
+    void lookAt(std::u16string_view text) {
+        unicharEquation_ = text;
+        equationLength_ = static_cast<std::int32_t>(text.size());
+        lastEquationPosition_ = equationLength_ - 1;
+    }
+    void scan();
     void hashCharacter(char16_t character);
     void handOver(TXEquation& equation);
 
@@ -125,12 +145,12 @@ protected:
     TXBlock& workingTXBlock() { return equationBlocks_.workingBlock(); }
 
     /// The characters from `first` on, with a zero behind the last.
-    const char16_t* textFrom(std::int32_t first) const { return unicharEquation_.c_str() + first; }
+    const char16_t* textFrom(std::int32_t first) const { return unicharEquation_.data() + first; }
     /// The characters from `first` to `last`, both included.
     std::u16string_view textBetween(std::int32_t first, std::int32_t last) const;
 
     TXEquationController* equationController_;
-    std::u16string unicharEquation_;
+    std::u16string_view unicharEquation_;            ///< The equation's own text, with a zero behind it.
     std::vector<TXPosition> equationIndentTracker_;  ///< One entry for each level; entry 0 is the side's top level.
     TXResult* currentEquationResult_ = nullptr;
     bool isThereAnError_ = false;
@@ -151,13 +171,12 @@ protected:
     bool quotesLater_ = false;  ///< An operator run is being read, and quotations are written at its end.
     std::optional<std::int32_t> endOfQuotation_;  ///< Set while the message of a missing operator lacks its quotations.
     std::int32_t namePosition_ = 0;               ///< Where the name being read begins.
-    std::u16string_view
-        undefinedWord_;  ///< The word typed for the undefined value before any "=", within `unicharEquation_`.
+    std::u16string_view undefinedWord_;           ///< The word typed for the undefined value before any "=".
 
 private:
     // numbers
     struct DecimalLiteral;
-    bool parsePlainNumber(std::int32_t start);
+    bool parsePlainNumber();
     enum class Radix : std::int32_t;
     static Radix radixOfPrefix(char16_t first, char16_t second);
     static std::u16string_view kindWord(Radix radix);
@@ -172,23 +191,34 @@ private:
 
     // operators
     class OperatorRun;
-    void reportMissingOperator(std::int32_t end);
+    bool parsePlainOperator();
+    [[gnu::cold, gnu::noinline]] void reportMissingOperator(std::int32_t end);
 
     // groups
     TXPosition* positionAtLevel(std::int32_t level);
     TXBlock* pendingBlock(const TXPosition& position);
+    void enterLevel(std::int32_t level);
     void openArgument(std::int32_t list, std::int32_t subIndex);
 
     // names
     static bool isUndefinedWord(std::u16string_view name);
     bool hasAnswer() const;
+    std::int32_t codeForName(std::u16string_view name, std::uint32_t nameHash) const;
+    std::int32_t codeForCharacters(std::u16string_view name) const;
+    void addVariable(std::u16string_view name, std::uint32_t nameHash);
+    std::int32_t positionOfAns();
     void addVariableBlock(std::int32_t variable);
 
     // tolerances
     struct ToleranceLiteral;
     bool atTolerance();
     bool readTolerance();
-    void skipBlanksAfterAdvancing();
+    void skipBlanksAfterAdvancing() {
+        ++equationPosition_;
+        while (isWhitespace(characterAt(equationPosition_))) {
+            ++equationPosition_;
+        }
+    }
     std::u16string_view unsupportedTolerance() const;
     std::u16string_view scanToleranceNumber(ToleranceLiteral& literal);
     bool scanToleranceExponent(ToleranceLiteral& literal);

@@ -39,7 +39,6 @@ void TXEHasher::setBlockFunction(std::int32_t functionIndex) {
 }
 
 void TXEHasher::incrementBlockIndent() {
-    const std::int32_t outerList = currentIndex_;
     const std::int32_t newList = equationBlocks_.openList();
     const TXPosition* outer = positionAtLevel(equationIndentLevel_);
     if (TXBlock* pending = outer == nullptr ? nullptr : pendingBlock(*outer)) {
@@ -48,28 +47,31 @@ void TXEHasher::incrementBlockIndent() {
         setCurrentBlockPointer(newList);
     }
     equationBlocks_.info(newList)->setParentBlockInfoStruct(
-        {.parentIndex = outerList, .parentSubIndex = equationBlocks_.count(outerList) - 1});
-
-    ++equationIndentLevel_;
-    if (TXPosition* position = positionAtLevel(equationIndentLevel_)) {
-        position->resetValues();
-    } else if (equationIndentLevel_ > 0) {
-        equationIndentTracker_.emplace_back();
-    }
-    if (TXPosition* position = positionAtLevel(equationIndentLevel_)) {
-        position->setCurrentIndex(newList);
-    }
+        {.parentIndex = currentIndex_, .parentSubIndex = equationBlocks_.count(currentIndex_) - 1});
     currentIndex_ = newList;
+    enterLevel(equationIndentLevel_ + 1);
+}
+
+void TXEHasher::enterLevel(std::int32_t level) {
+    equationIndentLevel_ = level;
+    TXPosition* position = positionAtLevel(level);
+    if (position != nullptr) {
+        position->resetValues();
+    } else if (level > 0) {
+        position = &equationIndentTracker_.emplace_back();
+    } else {
+        return;
+    }
+    position->setCurrentIndex(currentIndex_);
 }
 
 void TXEHasher::decrementBlockIndent() {
     --equationIndentLevel_;
     TXPosition* position = positionAtLevel(equationIndentLevel_);
     if (position == nullptr) {
-        setErrorMessage(std::u16string(parserMessages::unbalanced));
+        refuse(parserMessages::unbalanced);
         return;
     }
-    equationBlocks_.closeList(currentIndex_);
     position->setCurrentlyParsingTXFunction(false);
     position->setCurrentlyParsingTXMatrix(false);
     currentIndex_ = position->currentIndex();
@@ -82,11 +84,9 @@ void TXEHasher::openArgument(std::int32_t list, std::int32_t subIndex) {
     if (parent == nullptr || position == nullptr) {
         return;
     }
-    equationBlocks_.closeList(currentIndex_);
-    currentIndex_ = equationBlocks_.openList();
+    currentIndex_ = equationBlocks_.openList({.parentIndex = list, .parentSubIndex = subIndex});
     position->setCurrentIndex(currentIndex_);
     parent->addBlockPointer(currentIndex_);
-    equationBlocks_.info(currentIndex_)->setParentBlockInfoStruct({.parentIndex = list, .parentSubIndex = subIndex});
 }
 
 void TXEHasher::incrementFunctionArgument() {

@@ -49,15 +49,16 @@ void TXEHasher::parseFunctionOrVariable() {
     namePosition_ = equationPosition_;
     const std::u16string_view name = getStringUpToOperator();
     if (name.empty()) {
-        setErrorMessage(std::u16string(parserMessages::emptyName));
+        refuse(parserMessages::emptyName);
         return;
     }
-    if (const std::int32_t function = functionIndexForString(name); function != -1) {
-        setBlockFunction(function);
+    const std::uint32_t nameHash = TXNameIndex::hash(name);
+    if (const TXFunction* function = equationController_->functionDictionary().find(name, nameHash)) {
+        setBlockFunction(function->functionIndex());
         return;
     }
-    if (const std::int32_t code = validationCodeForVariableName(name); code != validName) {
-        setErrorMessage(filled(messageForCode(code), {name}));
+    if (const std::int32_t code = codeForName(name, nameHash); code != validName) {
+        refuse(messageForCode(code), {name});
         return;
     }
     if (isUndefinedWord(name)) {
@@ -68,25 +69,34 @@ void TXEHasher::parseFunctionOrVariable() {
         return;
     }
     parseTolerance();
-    addVariableToStack(name);
+    addVariable(name, nameHash);
 }
 
 std::int32_t TXEHasher::validationCodeForVariableName(std::u16string_view name) const {
-    const std::int32_t start = equationPosition_ - static_cast<std::int32_t>(name.size()) + 1;
-    if (isDigit(characterAt(start))) {
+    return codeForName(name, TXNameIndex::hash(name));
+}
+
+std::int32_t TXEHasher::codeForName(std::u16string_view name, std::uint32_t nameHash) const {
+    if (isDigit(characterAt(equationPosition_ - static_cast<std::int32_t>(name.size()) + 1))) {
         return startsWithDigit;
     }
-    if (equationController_->functionDictionary().contains(name)) {
+    if (equationController_->functionDictionary().find(name, nameHash) != nullptr) {
         return isFunction;
     }
-    if (equationController_->reservedKeywords().contains(name)) {
+    if (equationController_->reservedKeywords().find(name, nameHash) != nullptr) {
         return isKeyword;
     }
     if (name == answerName && !hasAnswer()) {
         return answerIsMissing;
     }
+    return codeForCharacters(name);
+}
+
+// The characters are those of the equation that end where the name does.
+std::int32_t TXEHasher::codeForCharacters(std::u16string_view name) const {
     bool hasLetter = false;
-    for (std::int32_t position = start; position <= equationPosition_; ++position) {
+    for (std::int32_t position = equationPosition_ - static_cast<std::int32_t>(name.size()) + 1;
+         position <= equationPosition_; ++position) {
         const char16_t character = characterAt(position);
         if (!isValidVariableCharacter(character)) {
             return hasBadCharacter;
@@ -110,26 +120,28 @@ std::int32_t TXEHasher::functionIndexForString(std::u16string_view name) const {
     return function == nullptr ? -1 : function->functionIndex();
 }
 
-void TXEHasher::addVariableToStack(std::u16string_view name) {
-    std::int32_t variable = -1;
-    if (name == answerName) {
-        if (hasAnswer()) {
-            variable = equationController_->lastVariableAssignedIndex();
-            if (textBetween(namePosition_, namePosition_ + 2) == answerName) {
-                positionsOfAnsVariable_.push_back(namePosition_);
-            }
-        } else {
-            setErrorMessage(std::u16string(parserMessages::internalError));
-        }
-        overloadedAnsBeforeEquals_ = overloadedAnsBeforeEquals_ || equalsCount_ == 0;
-    } else {
-        variable = variableIndexForString(name);
-    }
-    if (variable == -1) {
-        TXVariable unknown = TXVariable::initWithName(std::u16string(name), false, 0.0);
-        variable = equationController_->variableArray().append(std::move(unknown)).variableIndex();
+void TXEHasher::addVariableToStack(std::u16string_view name) { addVariable(name, TXNameIndex::hash(name)); }
+
+void TXEHasher::addVariable(std::u16string_view name, std::uint32_t nameHash) {
+    TXVariableArray& variables = equationController_->variableArray();
+    std::int32_t variable = name == answerName ? positionOfAns() : variables.indexOf(name, nameHash);
+    if (variable == TXNameIndex::none) {
+        variable = variables.append(name, nameHash).variableIndex();
     }
     addVariableBlock(variable);
+}
+
+// The variable that `ans` means here, noting that it was meant; -1 where there is no answer.
+std::int32_t TXEHasher::positionOfAns() {
+    overloadedAnsBeforeEquals_ = overloadedAnsBeforeEquals_ || equalsCount_ == 0;
+    if (!hasAnswer()) {
+        refuse(parserMessages::internalError);
+        return TXNameIndex::none;
+    }
+    if (textBetween(namePosition_, namePosition_ + 2) == answerName) {
+        positionsOfAnsVariable_.push_back(namePosition_);
+    }
+    return equationController_->lastVariableAssignedIndex();
 }
 
 void TXEHasher::addUndefinedVariableToStack() { addVariableBlock(undefinedVariableID); }
@@ -142,13 +154,13 @@ void TXEHasher::addVariableBlock(std::int32_t variable) {
     addWorkingBlockToStack();
 }
 
-void TXEHasher::replaceAnsVariableInMasterEquationString(TXEquation& equation) const {
+void TXEHasher::replaceAnsVariableInMasterEquationString(TXEquation& equation) {
     if (isThereAnError_ || positionsOfAnsVariable_.empty() || !hasAnswer()) {
         return;
     }
     const TXVariableArray& variables = equationController_->variableArray();
     const std::u16string_view text = unicharEquation_;
-    const std::u16string& replacement = variables[equationController_->lastVariableAssignedIndex()].variableName();
+    const std::u16string_view replacement = variables[equationController_->lastVariableAssignedIndex()].variableName();
     const std::size_t length = text.size() + positionsOfAnsVariable_.size() * replacement.size();
     if (length > std::max(longestRewrittenText, 8 * text.size())) {
         return;
@@ -163,5 +175,6 @@ void TXEHasher::replaceAnsVariableInMasterEquationString(TXEquation& equation) c
         copied = start + answerName.size();
     }
     rewritten += text.substr(copied);
-    equation.setMasterString(std::move(rewritten));
+    equation.setMasterString(rewritten);
+    lookAt(equation.masterString());  // the old text is gone
 }

@@ -34,7 +34,35 @@ std::int32_t digitValue(char16_t character, std::int32_t base) {
     return value < base ? value : base;
 }
 
+// Neither a zero in front of more digits nor a point alone.
+bool hasPlainBeginning(const char16_t* text, const SmallDecimal& number) {
+    switch (text[0]) {
+        case u'0': return number.length == 1 || text[1] == u'.';
+        case u'.': return number.places > 0;
+        default: return true;
+    }
+}
+
 }  // namespace
+
+// The short way for most literals: digits with at most one point, followed by an operator or the end. False, with
+// nothing done, for any other.
+inline bool TXEHasher::parsePlainNumber() {
+    if (equationPosition_ < 0 || equationPosition_ >= equationLength_) {
+        return false;
+    }
+    const char16_t* const text = textFrom(equationPosition_);
+    const SmallDecimal number = readSmallDecimal(text);
+    const char16_t* const next = text + number.length;
+    const bool ends = isPrecedenceOperator(*next) || *next == u')' || next == textFrom(equationLength_);
+    if (!ends || !number.isExact() || !hasPlainBeginning(text, number)) {
+        return false;
+    }
+    equationPosition_ += static_cast<std::int32_t>(number.length) - 1;
+    addNumberToStack(number.value());
+    parseNegativeNumber_ = false;
+    return true;
+}
 
 enum class TXEHasher::Radix : std::int32_t { binary = 2, octal = 8, decimal = 10, hexadecimal = 16 };
 
@@ -78,10 +106,10 @@ struct TXEHasher::DecimalLiteral {
 };
 
 void TXEHasher::parseNumber() {
-    const std::int32_t start = equationPosition_;
-    if (parsePlainNumber(start)) {
+    if (parsePlainNumber()) {
         return;
     }
+    const std::int32_t start = equationPosition_;
     const Radix radix = radixOfPrefix(characterAt(start), characterAt(start + 1));
     if (radix == Radix::decimal) {
         parseDecimalNumber(start);
@@ -90,32 +118,12 @@ void TXEHasher::parseNumber() {
     }
 }
 
-// The short way for most literals: digits with at most one point, followed by an operator or the end. False, with
-// nothing done, for any other.
-bool TXEHasher::parsePlainNumber(std::int32_t start) {
-    if (start < 0 || start >= equationLength_) {
-        return false;
-    }
-    const char16_t* const text = textFrom(start);
-    const SmallDecimal number = readSmallDecimal(text);
-    const char16_t next = text[number.length];
-    const bool hasLeadingZero = text[0] == u'0' && number.length > 1 && text[1] != u'.';
-    const bool ends = isPrecedenceOperator(next) || next == u')' || start + number.length == equationLength_;
-    if (!ends || hasLeadingZero || !number.hasDigits || !number.isExact()) {
-        return false;
-    }
-    equationPosition_ = start + static_cast<std::int32_t>(number.length) - 1;
-    addNumberToStack(number.value());
-    parseNegativeNumber_ = false;
-    return true;
-}
-
 void TXEHasher::parsePrefixedNumber(std::int32_t start, Radix radix) {
     const std::u16string_view kind = kindWord(radix);
     const char16_t prefixLetter = characterAt(start + 1);
     equationPosition_ += 2;
     if (equationPosition_ >= equationLength_) {
-        setErrorMessage(filled(parserMessages::nothingAfterPrefixAtEnd, {kind, characterText(prefixLetter)}));
+        refuse(parserMessages::nothingAfterPrefixAtEnd, {kind, characterText(prefixLetter)});
         return;
     }
     const std::int32_t digitsStart = equationPosition_;
@@ -125,7 +133,7 @@ void TXEHasher::parsePrefixedNumber(std::int32_t start, Radix radix) {
     --equationPosition_;
     const std::u16string_view digits = textBetween(digitsStart, equationPosition_);
     if (digits.empty()) {
-        setErrorMessage(filled(parserMessages::nothingAfterPrefix, {kind, characterText(prefixLetter)}));
+        refuse(parserMessages::nothingAfterPrefix, {kind, characterText(prefixLetter)});
         return;
     }
     double value = 0.0;
@@ -157,7 +165,7 @@ double TXEHasher::integerFromDigits(std::u16string_view digits, Radix radix, std
         const char16_t character = radix == Radix::hexadecimal ? lowerCased(*at) : *at;
         const std::int32_t digit = digitValue(character, base);
         if (digit == base) {
-            setErrorMessage(filled(badDigitMessage, {characterText(character), digits}));
+            refuse(badDigitMessage, {characterText(character), digits});
             return 0.0;
         }
         if (digit != 0) {  // a zero adds nothing, even where its place is worth infinity
@@ -171,12 +179,12 @@ double TXEHasher::integerFromDigits(std::u16string_view digits, Radix radix, std
 void TXEHasher::parseDecimalNumber(std::int32_t start) {
     const DecimalLiteral literal = scanDecimal(start);
     if (const std::u16string_view message = faultIn(literal); !message.empty()) {
-        setErrorMessage(filled(message, {literal.text}));
+        refuse(message, {literal.text});
         return;
     }
     const double value = valueOf(literal);
     if (literal.exponents > 0 && value == std::numeric_limits<double>::infinity()) {
-        setErrorMessage(std::u16string(parserMessages::numberTooLarge));
+        refuse(parserMessages::numberTooLarge);
     }
     parseTolerance();
     finishNumber(value, literal.mantissa());
@@ -259,7 +267,7 @@ void TXEHasher::finishNumber(double value, std::u16string_view mantissa) {
     if (equationPosition_ + 1 < equationLength_) {
         const char16_t next = characterAt(equationPosition_ + 1);
         if (!isNumericalDelimiter(next) || next == u'(' || next == u'[') {
-            setErrorMessage(filled(parserMessages::operatorAfterNumber, {mantissa}));
+            refuse(parserMessages::operatorAfterNumber, {mantissa});
             return;
         }
     }

@@ -25,7 +25,7 @@ public:
     void read() {
         while (isOperator(character_)) {
             if (hasher_.equationPosition_ == hasher_.lastEquationPosition_ && character_ != u')') {
-                report(parserMessages::cannotEnd, character_);
+                report(hasher_, parserMessages::cannotEnd, character_);
             }
             if (!takeCharacter()) {
                 return;
@@ -35,7 +35,7 @@ public:
                 break;
             }
             previous_ = character_;
-            character_ = hasher_.characterAt(hasher_.equationPosition_);
+            character_ = *hasher_.textFrom(hasher_.equationPosition_);
         }
         --hasher_.equationPosition_;
     }
@@ -55,13 +55,13 @@ private:
             case u'=': return takeEquals();
             case u'[': return reportAndGoOn(parserMessages::openingBracket);
             case u']': return reportAndGoOn(parserMessages::closingBracket);
-            default: report(parserMessages::unsupportedOperator, character_); return false;
+            default: report(hasher_, parserMessages::unsupportedOperator, character_); return false;
         }
     }
 
     bool takePrecedenceOperator() {
         if (hasher_.equationPosition_ == 0) {
-            report(parserMessages::cannotBegin, character_);
+            report(hasher_, parserMessages::cannotBegin, character_);
         } else if (previous_ == u'=') {
             reportCannotFollow();
         } else if (count_ != 0) {
@@ -113,7 +113,7 @@ private:
             return true;
         }
         if (hasher_.equalsCount_ != 0) {
-            hasher_.setErrorMessage(std::u16string(parserMessages::secondEquals));
+            hasher_.refuse(parserMessages::secondEquals);
             return false;
         }
         hasher_.prepareForHashOfRightSide();
@@ -121,18 +121,17 @@ private:
         return true;
     }
 
-    void report(std::u16string_view message, char16_t character) {
-        hasher_.setErrorMessage(filled(message, {characterText(character)}));
-    }
-
-    void reportCannotFollow() {
-        hasher_.setErrorMessage(
-            filled(parserMessages::cannotFollow, {characterText(character_), characterText(previous_)}));
-    }
+    void reportCannotFollow() { report(hasher_, parserMessages::cannotFollow, character_, previous_); }
 
     bool reportAndGoOn(std::u16string_view message) {
-        hasher_.setErrorMessage(std::u16string(message));
+        hasher_.refuse(message);
         return true;
+    }
+
+    // The characters are passed on by value, so that the run itself can live in registers.
+    [[gnu::cold, gnu::noinline]] static void report(TXEHasher& hasher, std::u16string_view message, char16_t character,
+                                                    char16_t previous = 0) {
+        hasher.refuse(message, {characterText(character), characterText(previous)});
     }
 
     TXEHasher& hasher_;
@@ -141,7 +140,28 @@ private:
     std::int32_t count_ = 0;  ///< The operators since the run began or a group opened.
 };
 
+// The short way for most runs: one operator behind an operand and in front of the next. False, with nothing done, for
+// any other.
+inline bool TXEHasher::parsePlainOperator() {
+    if (equationPosition_ <= 0 || equationPosition_ >= lastEquationPosition_) {
+        return false;
+    }
+    const char16_t* const text = textFrom(equationPosition_);
+    if (!isPrecedenceOperator(*text) || *text == dotOperator || workingTXBlock().blockOperator() != 0) {
+        return false;
+    }
+    const CharacterKind next = characterKind(text[1]);
+    if (next != CharacterKind::number && next != CharacterKind::name) {
+        return false;
+    }
+    addOperatorToStack(*text);
+    return true;
+}
+
 void TXEHasher::parseOperator() {
+    if (parsePlainOperator()) {
+        return;
+    }
     quotesLater_ = true;
     OperatorRun(*this).read();
     quotesLater_ = false;
@@ -161,27 +181,8 @@ void TXEHasher::parseNegativeSign() {
         }
     }
     const char16_t last = characterAt(lastEquationPosition_);
-    setErrorMessage(filled(parserMessages::cannotEnd, {characterText(last)}));
+    refuse(parserMessages::cannotEnd, {characterText(last)});
     equationPosition_ = lastEquationPosition_;
-}
-
-void TXEHasher::addOperatorToStack(char16_t blockOperator) { workingTXBlock().setBlockOperator(blockOperator); }
-
-void TXEHasher::addNumberToStack(double number) {
-    workingTXBlock().setNumber(number);
-    addWorkingBlockToStack();
-}
-
-void TXEHasher::addWorkingBlockToStack() {
-    TXBlockInfo* const list = equationBlocks_.info(currentIndex_);
-    if (list == nullptr) {
-        return;
-    }
-    if (workingTXBlock().blockOperator() == 0 && list->blockRange().length > 0) {
-        reportMissingOperator(equationPosition_);
-        return;
-    }
-    equationBlocks_.append(*list);
 }
 
 // Quotes the previous token and this one as far as `end`. A run of parentheses can report this again and again, each
@@ -189,11 +190,10 @@ void TXEHasher::addWorkingBlockToStack() {
 // length.
 void TXEHasher::reportMissingOperator(std::int32_t end) {
     if (quotesLater_) {
-        setErrorMessage(std::u16string(parserMessages::operatorBetween));
+        refuse(parserMessages::operatorBetween);
         endOfQuotation_ = end;
         return;
     }
-    setErrorMessage(filled(
-        parserMessages::operatorBetween,
-        {textBetween(positionBeforePreviousHash_, positionBeforeHash_ - 1), textBetween(positionBeforeHash_, end)}));
+    refuse(parserMessages::operatorBetween,
+           {textBetween(positionBeforePreviousHash_, positionBeforeHash_ - 1), textBetween(positionBeforeHash_, end)});
 }

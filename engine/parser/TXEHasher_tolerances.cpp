@@ -37,14 +37,6 @@ void TXEHasher::parseTolerance() {
     }
 }
 
-void TXEHasher::skipBlanksAfterAdvancing() {
-    ++equationPosition_;
-    if (isWhitespace(characterAt(equationPosition_))) {
-        gobbleWhitespace();
-        ++equationPosition_;
-    }
-}
-
 // Goes on to the "±". As the very last character it is none, and the scan will refuse it.
 bool TXEHasher::atTolerance() {
     skipBlanksAfterAdvancing();
@@ -57,8 +49,7 @@ bool TXEHasher::readTolerance() {
     const char16_t first = characterAt(equationPosition_);
     if (first != u'.' && !isDigit(first)) {
         const bool isAtEnd = equationPosition_ >= equationLength_;
-        setErrorMessage(
-            std::u16string(isAtEnd ? parserMessages::toleranceAtEnd : parserMessages::toleranceWithoutNumber));
+        refuse(isAtEnd ? parserMessages::toleranceAtEnd : parserMessages::toleranceWithoutNumber);
         return false;
     }
     const double plus = parseToleranceNumber();
@@ -85,12 +76,12 @@ bool TXEHasher::readTolerance() {
 double TXEHasher::parseToleranceNumber() {
     constexpr double base = 10.0;
     if (const std::u16string_view message = unsupportedTolerance(); !message.empty()) {
-        setErrorMessage(std::u16string(message));
+        refuse(message);
         return 0.0;
     }
     ToleranceLiteral literal{.start = equationPosition_};
     if (const std::u16string_view message = scanToleranceNumber(literal); !message.empty()) {
-        setErrorMessage(std::u16string(message));
+        refuse(message);
         return 0.0;
     }
     if (literal.exponents == 0) {
@@ -100,7 +91,7 @@ double TXEHasher::parseToleranceNumber() {
     const double exponent = decimalNumber(textBetween(literal.exponentStart, equationPosition_));
     const double value = mantissa * std::pow(base, literal.exponentIsNegative ? -exponent : exponent);
     if (value == std::numeric_limits<double>::infinity()) {
-        setErrorMessage(std::u16string(parserMessages::toleranceTooLarge));
+        refuse(parserMessages::toleranceTooLarge);
     }
     return value;
 }

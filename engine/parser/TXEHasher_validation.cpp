@@ -15,14 +15,13 @@ void TXEHasher::checkForPostHashingErrors() {
     }
     if (equationIndentLevel_ != 0) {
         const bool isClosedTooOften = equationIndentLevel_ < 0;
-        setErrorMessage(
-            std::u16string(isClosedTooOften ? parserMessages::missingOpening : parserMessages::missingClosing));
+        refuse(isClosedTooOften ? parserMessages::missingOpening : parserMessages::missingClosing);
     }
     if (equalsCount_ == 0) {
         return;
     }
     if (!isSingleVariableOnTheLeft()) {
-        setErrorMessage(std::u16string(parserMessages::assignmentForm));
+        refuse(parserMessages::assignmentForm);
         return;
     }
     const std::int32_t variable = leftEquationBlocks_[0].front().variableID();
@@ -30,7 +29,7 @@ void TXEHasher::checkForPostHashingErrors() {
         setErrorMessage(std::move(refusal));
     }
     if (equationBlocks_.size() == 0) {
-        setErrorMessage(std::u16string(parserMessages::assignedNothing));
+        refuse(parserMessages::assignedNothing);
     }
     if (!isThereAnError_) {
         currentEquationResult_->setVariableToAssign(variable);

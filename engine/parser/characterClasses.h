@@ -64,45 +64,69 @@ constexpr bool letter(char16_t character) {
            within(u'\u03C3', u'\u03C9');
 }
 
-/// A set of characters: its rule, and the answers for the first 256 code units.
-class CharacterClass {
+}  // namespace characterRules
+
+/// What the character that comes next in an equation begins.
+enum class CharacterKind : std::uint8_t { number, operatorRun, blank, semicolon, comma, name };
+
+namespace characterRules {
+
+constexpr CharacterKind kind(char16_t character) {
+    if (digit(character) || character == u'.') return CharacterKind::number;
+    if (anyOperator(character)) return CharacterKind::operatorRun;
+    switch (character) {
+        case u' ': return CharacterKind::blank;
+        case u';': return CharacterKind::semicolon;
+        case u',': return CharacterKind::comma;
+        default: return CharacterKind::name;
+    }
+}
+
+/// A rule, and its answers for the first 256 code units.
+template <class Answer>
+class CharacterTable {
 public:
-    constexpr explicit CharacterClass(bool (*rule)(char16_t)) : rule_(rule) {
+    constexpr explicit CharacterTable(Answer (*rule)(char16_t)) : rule_(rule) {
         for (char16_t character = 0; character < tabled; ++character) {
             table_[character] = rule(character);
         }
     }
-    constexpr bool holds(char16_t character) const { return character < tabled ? table_[character] : rule_(character); }
+    constexpr Answer operator()(char16_t character) const {
+        return character < tabled ? table_[character] : rule_(character);
+    }
 
 private:
     static constexpr char16_t tabled = 256;
-    bool (*rule_)(char16_t);
-    std::array<bool, tabled> table_{};
+    Answer (*rule_)(char16_t);
+    std::array<Answer, tabled> table_{};
 };
 
-inline constexpr CharacterClass precedenceOperators(precedenceOperator);
-inline constexpr CharacterClass operators(anyOperator);
-inline constexpr CharacterClass numericalDelimiters(numericalDelimiter);
-inline constexpr CharacterClass variableDelimiters(variableDelimiter);
-inline constexpr CharacterClass letters(letter);
+inline constexpr CharacterTable precedenceOperators(precedenceOperator);
+inline constexpr CharacterTable operators(anyOperator);
+inline constexpr CharacterTable numericalDelimiters(numericalDelimiter);
+inline constexpr CharacterTable variableDelimiters(variableDelimiter);
+inline constexpr CharacterTable letters(letter);
+inline constexpr CharacterTable kinds(kind);
 
 }  // namespace characterRules
+
+constexpr CharacterKind characterKind(char16_t character) { return characterRules::kinds(character); }
 
 /// A blank (U+0020), and nothing else: a tab is part of a name, and so is refused there.
 constexpr bool isWhitespace(char16_t character) { return characterRules::whitespace(character); }
 
 /// The operators with which numbers are computed: + - * / ^ and the dot operator U+22C5.
-constexpr bool isPrecedenceOperator(char16_t character) { return characterRules::precedenceOperators.holds(character); }
+constexpr bool isPrecedenceOperator(char16_t character) { return characterRules::precedenceOperators(character); }
 
 /// Every character that stands for an operation, a grouping or a comparison. Most of them are only known so that the
 /// user hears that this operator, rather than this name, is not supported.
-constexpr bool isOperator(char16_t character) { return characterRules::operators.holds(character); }
+constexpr bool isOperator(char16_t character) { return characterRules::operators(character); }
 
 /// What ends a number: operators, blanks, "," ";" and "±".
-constexpr bool isNumericalDelimiter(char16_t character) { return characterRules::numericalDelimiters.holds(character); }
+constexpr bool isNumericalDelimiter(char16_t character) { return characterRules::numericalDelimiters(character); }
 
 /// What ends a name: whatever ends a number, and ".".
-constexpr bool isVariableDelimiter(char16_t character) { return characterRules::variableDelimiters.holds(character); }
+constexpr bool isVariableDelimiter(char16_t character) { return characterRules::variableDelimiters(character); }
 
 constexpr bool isDigit(char16_t character) { return characterRules::digit(character); }
 
@@ -113,7 +137,7 @@ constexpr bool isDecimalCharacter(char16_t character) {
 
 /// The letters of names: Latin as far as U+00FF and Greek. The sign × and the letter í are none, the sign ÷ is one, and
 /// the final sigma is none.
-constexpr bool isLetter(char16_t character) { return characterRules::letters.holds(character); }
+constexpr bool isLetter(char16_t character) { return characterRules::letters(character); }
 
 /// What a variable's name may hold: letters, digits and "_".
 constexpr bool isValidVariableCharacter(char16_t character) {

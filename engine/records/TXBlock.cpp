@@ -50,12 +50,7 @@ void TXBlock::setResultNumber(double result) {
     marks_.isResult = true;
 }
 
-void TXBlock::addBlockPointer(std::int32_t blockPointerID) {
-    if (numberOfElements() == 0) {
-        onlyBlockPointerID_ = blockPointerID;
-        marks_.hasOnlyBlockPointer = true;
-        return;
-    }
+void TXBlock::addFurtherBlockPointer(std::int32_t blockPointerID) {
     auto& all = details().blockPointerIDs;
     if (marks_.hasOnlyBlockPointer) {
         all.push_back(onlyBlockPointerID_);

@@ -8,8 +8,13 @@
 #include "engine/records/TXBlockPointer.h"
 #include "engine/records/TXTolerance.h"
 
+class TXBlock;
+
 /// What the evaluator keeps of a block while it computes: a snapshot of the operand as it was written.
 struct _TXBlockStruct {
+    _TXBlockStruct() = default;
+    _TXBlockStruct(const TXBlock& block);  // not explicit, so that a whole array of blocks can be assigned
+
     char16_t blockOperator = 0;  ///< The operator in front of the operand, 0 for none.
     bool isNegative = false;
     bool isMatrix = false;
@@ -62,13 +67,20 @@ public:
 
     /// The links to the block lists that the block contains; empty until the first is added.
     TXBlockPointerList blockPointers() const {
-        if (marks_.hasOnlyBlockPointer) {
-            return TXBlockPointerList({&onlyBlockPointerID_, 1});
+        if (details_ && !marks_.hasOnlyBlockPointer) {
+            return TXBlockPointerList(details_->blockPointerIDs);
         }
-        return details_ ? TXBlockPointerList(details_->blockPointerIDs) : TXBlockPointerList();
+        return TXBlockPointerList({&onlyBlockPointerID_, marks_.hasOnlyBlockPointer ? 1U : 0U});
     }
     /// Appends a link to the block list with this index. Elements of a matrix are links like any other.
-    void addBlockPointer(std::int32_t blockPointerID);
+    void addBlockPointer(std::int32_t blockPointerID) {
+        if (numberOfElements() == 0) {
+            onlyBlockPointerID_ = blockPointerID;
+            marks_.hasOnlyBlockPointer = true;
+        } else {
+            addFurtherBlockPointer(blockPointerID);
+        }
+    }
     void addMatrixElementPointer(std::int32_t blockPointerID) { addBlockPointer(blockPointerID); }
     std::int32_t numberOfElements() const { return blockPointers().size(); }
 
@@ -99,22 +111,14 @@ public:
     void setMinusTolerance(double deviation) { details().minusTolerance = deviation; }
 
     /// The block as the evaluator takes it: the literal as stored, never the result, and no column count.
-    _TXBlockStruct blockStruct() const {
-        return {.blockOperator = blockOperator_,
-                .isNegative = marks_.negative,
-                .isMatrix = marks_.isMatrix,
-                .TXFunction_ = functionID_,
-                .variablePointer = variableID_,
-                .rows = rows(),
-                .columns = 0,
-                .number = number_,
-                .blockPointers = blockPointers()};
-    }
+    _TXBlockStruct blockStruct() const { return _TXBlockStruct(*this); }
 
     /// One line for logging: "+ -3.000000 ±0.100000".
     std::u16string description() const;
 
 private:
+    friend struct _TXBlockStruct;
+
     struct Details {
         _TXTolerance tolerance;
         double plusTolerance = 0.0;
@@ -136,6 +140,7 @@ private:
     };
 
     Details& details();
+    void addFurtherBlockPointer(std::int32_t blockPointerID);
     std::u16string operandDescription() const;
     std::u16string toleranceDescription() const;
 
@@ -147,3 +152,13 @@ private:
     char16_t blockOperator_ = 0;
     Marks marks_;
 };
+
+inline _TXBlockStruct::_TXBlockStruct(const TXBlock& block)
+    : blockOperator(block.blockOperator_),
+      isNegative(block.marks_.negative),
+      isMatrix(block.marks_.isMatrix),
+      TXFunction_(block.functionID_),
+      variablePointer(block.variableID_),
+      rows(block.rows()),
+      number(block.number_),
+      blockPointers(block.blockPointers()) {}

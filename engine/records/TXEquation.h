@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <memory_resource>
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 
 #include "engine/records/TXBlockLists.h"
 #include "engine/records/TXResult.h"
@@ -11,11 +13,16 @@
 /// One entered line: its text, its outcome, and the block lists into which its sides were parsed.
 class TXEquation {
 public:
-    static TXEquation initWithEquationString(std::u16string equationString);
+    static TXEquation initWithEquationString(std::u16string_view equationString) {
+        return TXEquation(equationString, std::pmr::get_default_resource());
+    }
+    /// The memory resource, which must outlive the equation, holds its text.
+    TXEquation(std::u16string_view equationString, std::pmr::memory_resource* memory)
+        : masterString_(equationString, memory) {}
 
     /// The text as entered. Parsing rewrites `ans` in it to the name of the variable that was meant.
-    const std::u16string& masterString() const { return masterString_; }
-    void setMasterString(std::u16string masterString) { masterString_ = std::move(masterString); }
+    std::u16string_view masterString() const { return masterString_; }
+    void setMasterString(std::u16string_view masterString) { masterString_ = masterString; }
 
     /// The outcome of the last evaluation, nullptr before the first. It lives in the equation.
     TXResult* lastResult() { return lastResult_ ? &*lastResult_ : nullptr; }
@@ -51,7 +58,7 @@ private:
         return side.empty() ? std::nullopt : std::optional(side.info());
     }
 
-    std::u16string masterString_;
+    std::pmr::u16string masterString_;
     std::optional<TXResult> lastResult_;
     TXBlockLists left_;   ///< Empty means that there are none.
     TXBlockLists right_;  ///< Likewise.

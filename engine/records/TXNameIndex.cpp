@@ -6,7 +6,7 @@
 namespace {
 
 constexpr std::size_t firstSize = 32;
-constexpr std::size_t charactersAtOnce = sizeof(std::uint64_t) / sizeof(char16_t);
+constexpr std::ptrdiff_t charactersAtOnce = sizeof(std::uint64_t) / sizeof(char16_t);
 
 // Multiplicative mixing (Knuth, The Art of Computer Programming 6.4) with the golden ratio's 64-bit fraction.
 std::uint64_t mixed(std::uint64_t hash, std::uint64_t piece) {
@@ -20,32 +20,25 @@ std::uint64_t mixed(std::uint64_t hash, std::uint64_t piece) {
 // beforehand.
 std::uint64_t seed() {
     static const char somewhere = 0;
-    static const std::uint64_t place = mixed(0, reinterpret_cast<std::uintptr_t>(&somewhere));
-    return place;
+    return reinterpret_cast<std::uintptr_t>(&somewhere);
 }
 
 }  // namespace
 
 std::uint32_t TXNameIndex::hash(std::u16string_view name) {
-    std::uint64_t hash = seed() ^ name.size();
-    for (; name.size() >= charactersAtOnce; name.remove_prefix(charactersAtOnce)) {
+    std::uint64_t hash = mixed(seed(), name.size());
+    const char16_t* at = name.data();
+    const char16_t* const end = at + name.size();
+    for (; end - at >= charactersAtOnce; at += charactersAtOnce) {
         std::uint64_t piece = 0;
-        std::memcpy(&piece, name.data(), sizeof piece);
+        std::memcpy(&piece, at, sizeof piece);
         hash = mixed(hash, piece);
     }
     std::uint64_t rest = 0;
-    for (const char16_t character : name) {
-        rest = rest << 16U | character;
+    for (; at != end; ++at) {
+        rest = rest << 16U | *at;
     }
     return static_cast<std::uint32_t>(mixed(hash, rest));
-}
-
-void TXNameIndex::insert(std::uint32_t nameHash, std::int32_t position) {
-    if ((used_ + 1) * 4 > slots_.size() * 3) {
-        grow();
-    }
-    place({position, nameHash});
-    ++used_;
 }
 
 void TXNameIndex::clear() {

@@ -17,19 +17,21 @@ public:
     /// The first position of `name`, whose hash is `nameHash`, or -1. `nameAt` gives the name at a position.
     template <class NameAt>
     std::int32_t find(std::u16string_view name, std::uint32_t nameHash, const NameAt& nameAt) const {
-        if (slots_.empty()) {
-            return none;
-        }
-        for (std::size_t slot = nameHash & mask();; slot = (slot + 1) & mask()) {
-            const auto& [position, slotHash] = slots_[slot];
-            if (position == none || (slotHash == nameHash && nameAt(position) == name)) {
-                return position;
-            }
-        }
+        return slots_.empty() ? none : slots_[slotOf(name, nameHash, nameAt)].position;
     }
 
-    /// Adds a name that `find` did not find.
-    void insert(std::uint32_t nameHash, std::int32_t position);
+    /// Notes that `name` stands at `position`, unless an earlier position is known.
+    template <class NameAt>
+    void insert(std::u16string_view name, std::uint32_t nameHash, std::int32_t position, const NameAt& nameAt) {
+        if ((used_ + 1) * 4 > slots_.size() * 3) {
+            grow();
+        }
+        Slot& slot = slots_[slotOf(name, nameHash, nameAt)];
+        if (slot.position == none) {
+            slot = {position, nameHash};
+            ++used_;
+        }
+    }
 
     /// Forgets every name.
     void clear();
@@ -41,6 +43,18 @@ private:
     };
 
     std::size_t mask() const { return slots_.size() - 1; }
+
+    // Where the name is, or the free slot where it belongs.
+    template <class NameAt>
+    std::size_t slotOf(std::u16string_view name, std::uint32_t nameHash, const NameAt& nameAt) const {
+        for (std::size_t slot = nameHash & mask();; slot = (slot + 1) & mask()) {
+            const auto& [position, slotHash] = slots_[slot];
+            if (position == none || (slotHash == nameHash && nameAt(position) == name)) {
+                return slot;
+            }
+        }
+    }
+
     void grow();
     void place(Slot entry);
 

@@ -3,12 +3,6 @@
 #include "engine/records/descriptionText.h"
 #include "engine/records/filled.h"
 
-void TXPosition::resetValues() {
-    const bool keptMatrixMark = currentlyParsingTXMatrix_;
-    *this = TXPosition();
-    currentlyParsingTXMatrix_ = keptMatrixMark;
-}
-
 std::u16string TXPosition::description() const {
     return filled(
         u"TXPosition (%p): currentIndex=%d, currentTXFunctionIndex=%d, currentTXFunctionSubIndex=%d, "

@@ -8,7 +8,11 @@
 class TXPosition {
 public:
     /// Makes the cursor fresh, except that `currentlyParsingTXMatrix` keeps its value: it is false only from creation.
-    void resetValues();
+    void resetValues() {
+        const bool keptMatrixMark = currentlyParsingTXMatrix_;
+        *this = TXPosition();
+        currentlyParsingTXMatrix_ = keptMatrixMark;
+    }
 
     std::int32_t currentIndex() const { return currentIndex_; }
     void setCurrentIndex(std::int32_t index) { currentIndex_ = index; }

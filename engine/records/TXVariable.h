@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -9,22 +11,27 @@
 class TXVariable {
 public:
     /// An undefined variable has the number 0, whatever `value` says.
-    static TXVariable initWithName(std::u16string name, bool isDefined, double value);
+    static TXVariable initWithName(std::u16string_view name, bool isDefined, double value);
 
     /// The name as typed. It is not to be changed while the variable stands in a list: names are looked up there.
-    const std::u16string& variableName() const { return variableName_; }
-    void setVariableName(std::u16string name) { variableName_ = std::move(name); }
+    std::u16string_view variableName() const {
+        return nameLength_ == isLongName ? std::u16string_view(texts_->longName)
+                                         : std::u16string_view(shortName_.data(), nameLength_);
+    }
+    void setVariableName(std::u16string_view name);
 
     std::u16string_view variableDescription() const {
-        return variableDescription_ ? *variableDescription_ : std::u16string_view();
+        return texts_ ? std::u16string_view(texts_->description) : std::u16string_view();
     }
-    void setVariableDescription(std::u16string text) {
-        variableDescription_ = std::make_unique<std::u16string>(std::move(text));
-    }
+    void setVariableDescription(std::u16string text);
 
     double number() const { return number_; }
     /// Gives the variable a value, which defines it.
-    void setNumber(double number);
+    void setNumber(double number) {
+        number_ = number;
+        isDefined_ = true;
+        definedState_ = true;
+    }
     bool isDefined() const { return isDefined_; }
 
     /// The state that `description` reports.
@@ -50,8 +57,18 @@ public:
     std::u16string description() const;
 
 private:
-    std::u16string variableName_;
-    std::unique_ptr<std::u16string> variableDescription_;  ///< Absent means empty: nearly every variable has none.
+    // What few variables have.
+    struct Texts {
+        std::u16string longName;
+        std::u16string description;
+    };
+
+    static constexpr std::size_t longestShortName = 11;  ///< As far as ans99999999.
+    static constexpr std::uint8_t isLongName = 0xFF;
+
+    Texts& texts();
+
+    std::unique_ptr<Texts> texts_;
     double number_ = 0.0;
     std::int32_t definedInEquationIndex_ = 0;
     std::int32_t variableIndex_ = 0;
@@ -60,4 +77,6 @@ private:
     bool isDefined_ = false;
     bool isAutoCached_ = false;
     bool definedState_ = false;
+    std::uint8_t nameLength_ = 0;  ///< Of the short name; `isLongName` when the name stands aside.
+    std::array<char16_t, longestShortName> shortName_{};
 };

@@ -2,23 +2,27 @@
 
 #include <utility>
 
-std::int32_t TXVariableArray::indexOf(std::u16string_view name, std::uint32_t nameHash) const {
-    return index_.find(name, nameHash, [this](std::int32_t position) -> std::u16string_view {
-        return (*this)[position].variableName();
-    });
+TXVariable& TXVariableArray::append(TXVariable&& variable) {
+    TXVariable& appended = variables_.emplace_back(std::move(variable));
+    return settle(appended, TXNameIndex::hash(appended.variableName()));
 }
 
-TXVariable& TXVariableArray::append(TXVariable&& variable) {
-    const std::int32_t position = size();
-    const std::uint32_t nameHash = TXNameIndex::hash(variable.variableName());
-    if (indexOf(variable.variableName(), nameHash) == TXNameIndex::none) {
-        index_.insert(nameHash, position);
-    }
+TXVariable& TXVariableArray::append(std::u16string_view name, std::uint32_t nameHash) {
+    TXVariable& appended = variables_.emplace_back();
+    appended.setVariableName(name);
+    return settle(appended, nameHash);
+}
+
+// Tells the variable at the end its position, and notes its name.
+TXVariable& TXVariableArray::settle(TXVariable& variable, std::uint32_t nameHash) {
+    const std::int32_t position = size_++;
     variable.setVariableIndex(position);
-    return variables_.emplace_back(std::move(variable));
+    index_.insert(variable.variableName(), nameHash, position, NameAt{*this});
+    return variable;
 }
 
 void TXVariableArray::clear() {
     variables_.clear();
+    size_ = 0;
     index_.clear();
 }

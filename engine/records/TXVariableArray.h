@@ -13,7 +13,7 @@
 /// may have the same name; looking the name up gives the first.
 class TXVariableArray {
 public:
-    std::int32_t size() const { return static_cast<std::int32_t>(variables_.size()); }
+    std::int32_t size() const { return size_; }
     /// Whether there is a variable at `position`; any number may be asked.
     bool holds(std::int32_t position) const { return position >= 0 && position < size(); }
 
@@ -25,14 +25,26 @@ public:
 
     /// The position of the first variable with exactly this name, or -1. Takes constant time.
     std::int32_t indexOf(std::u16string_view name) const { return indexOf(name, TXNameIndex::hash(name)); }
-    std::int32_t indexOf(std::u16string_view name, std::uint32_t nameHash) const;
+    std::int32_t indexOf(std::u16string_view name, std::uint32_t nameHash) const {
+        return index_.find(name, nameHash, NameAt{*this});
+    }
 
     /// Adds a variable at the end and tells it its position.
     TXVariable& append(TXVariable&& variable);
+    /// Adds an undefined variable of this name, whose hash is `nameHash`.
+    TXVariable& append(std::u16string_view name, std::uint32_t nameHash);
 
     void clear();
 
 private:
+    TXVariable& settle(TXVariable& variable, std::uint32_t nameHash);
+
+    struct NameAt {
+        const TXVariableArray& variables;
+        std::u16string_view operator()(std::int32_t position) const { return variables[position].variableName(); }
+    };
+
     std::deque<TXVariable> variables_;
+    std::int32_t size_ = 0;  ///< Of the deque, which would have to work it out.
     TXNameIndex index_;
 };

@@ -38,6 +38,32 @@ TEST(TXNumberFormatter, startsWithTheSeparatorOfItsSettings) {
     EXPECT_EQ(utf8(TXNumberFormatter(&settings).seperatorCharacter()), "'");
 }
 
+TEST(TXNumberFormatter, holdsNothingAtFirst) {
+    const TXNumberFormatter formatter;
+    EXPECT_EQ(formatter.masterNumber(), 0.0);
+    EXPECT_EQ(formatter.masterDecimalLocation(), -1);
+    EXPECT_EQ(formatter.masterExponent(), 0);
+    EXPECT_EQ(formatter.decimalLocation(), -1);
+    EXPECT_EQ(formatter.exponent(), 1);
+    EXPECT_EQ(utf8(formatter.negative()), "");
+    EXPECT_FALSE(formatter.displayExponent());
+}
+
+TEST(TXNumberFormatter, isSetUpWithItsFirstNumberAndNeverAgain) {
+    TXNumberFormatterSettings settings;
+    settings.setThousandsCharacter(u"'");
+    TXNumberFormatter formatter(&settings);
+    formatter.setNumberFormatterSettings(nullptr);
+    formatter.formattedNumberForNumber(1.5);
+    EXPECT_EQ(utf8(formatter.seperatorCharacter()), ",");
+
+    TXNumberFormatter other(&settings);
+    other.formattedNumberForNumber(1.5);
+    other.setNumberFormatterSettings(nullptr);
+    other.formattedNumberForNumber(1.5);
+    EXPECT_EQ(utf8(other.seperatorCharacter()), "'");
+}
+
 TEST(TXNumberFormatter, isSetUpForItsFirstNumber) {
     TXNumberFormatter formatter;
     formatter.setInitValues();
@@ -388,6 +414,15 @@ TEST(StringForNumber, hasNoSignWhereItReadsAsZero) {
     EXPECT_EQ(utf8(formatter.formattedNumberForNumber(-1234.0)), "-1,234");
     formatter.addZerosToBeginning(3);
     EXPECT_EQ(utf8(formatter.stringForNumber()), "0,001.234");
+
+    // The characters around the digits.
+    for (const std::u16string_view separator : {u"/", u":"}) {
+        SCOPED_TRACE(utf8(separator));
+        settings.setThousandsCharacter(separator);
+        formatter.formattedNumberForNumber(-1234.0);
+        formatter.addZerosToBeginning(3);
+        EXPECT_EQ(utf8(formatter.stringForNumber()), "0" + utf8(separator) + "001.234");
+    }
 
     settings.setThousandsSeparators(false);
     EXPECT_EQ(utf8(formatter.formattedNumberForNumber(-1234.5)), "-1234.5");

@@ -1,5 +1,6 @@
 #include "engine/calculator/TXECalculator.h"
 
+#include <array>
 #include <cmath>
 #include <ostream>
 #include <string>
@@ -282,6 +283,18 @@ TEST(TXECalculator, theArraysLiveOnlyDuringTheCall) {
 
 // Steps
 
+TEST(TXECalculator, holdsNothingAtFirst) {
+    TXEquationController controller;
+    const Driver driver(controller, u"2+3");
+    EXPECT_EQ(driver.equationBlocks_, nullptr);
+    EXPECT_EQ(driver.currentEquationResult_, nullptr);
+    EXPECT_FALSE(driver.isThereAnError_);
+    EXPECT_TRUE(driver.preferencesRadians_);
+    EXPECT_EQ(driver.finalAnswer_, 0.0);
+    EXPECT_EQ(driver.equationBlocksLength_, 0);
+    EXPECT_EQ(driver.txBlocksLength_, 0);
+}
+
 TEST(TXECalculator, resetReadsTheAngleUnitAnewAndForgetsTheRest) {
     TXEquationController controller;
     Driver driver(controller, u"2+3");
@@ -456,6 +469,35 @@ TEST(TXECalculator, replaceBlockInParentLeavesFunctionsAndTheTopLevelAlone) {
     driver.replaceBlockInParent(0);
     driver.replaceBlockInParent(1);
     for (const TXBlock& block : (*driver.equation.leftEquationBlocks())[0]) EXPECT_FALSE(block.isResult());
+}
+
+TEST(TXECalculator, replaceBlockInParentLeavesAloneWhatHasNothingToHandUp) {
+    TXEquationController controller;
+    for (const bool isEmpty : {true, false}) {
+        SCOPED_TRACE(isEmpty);
+        std::vector<PlacedBlock> blocks;
+        blocks.push_back({TXBlock::initWithNumber(2, u'\0'), 0});
+        if (!isEmpty) blocks.push_back({TXBlock::initWithNumber(3, u'\0'), 1});
+        std::array<TXBlockInfo, 2> info;
+        info[0].setBlockRange({.start = 0, .length = 1});
+        info[1].setBlockRange({.start = 0, .length = isEmpty ? 0 : 1});
+        // The list without a block has a parent, and the list with one has none.
+        if (isEmpty) info[1].setParentBlockInfoStruct({.parentIndex = 0, .parentSubIndex = 0});
+        Driver driver(controller, u"1");
+        driver.equation.setLeftEquationBlocks(TXBlockLists(blocks, info));
+        driver.prepare();
+        driver.replaceBlockInParent(1);
+        EXPECT_FALSE((*driver.equation.leftEquationBlocks())[0][0].isResult());
+    }
+}
+
+TEST(TXECalculator, replaceBlockInParentReachesEveryList) {
+    TXEquationController controller;
+    Driver driver(controller, u"(2)+(7)");
+    driver.prepare();
+    driver.replaceBlockInParent(2);
+    EXPECT_FALSE((*driver.equation.leftEquationBlocks())[0][0].isResult());
+    EXPECT_EQ((*driver.equation.leftEquationBlocks())[0][1].number(), 7.0);
 }
 
 TEST(TXECalculator, theDriverDoesNotUseReplaceBlockInParent) {

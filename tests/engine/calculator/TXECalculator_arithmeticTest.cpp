@@ -259,6 +259,8 @@ TEST(CalculateMDASInBlock, divisionByZeroIsNotReported) {
 
 // clang-format off
 const std::vector<OneListCase> chains = {
+    {"one operand",                {{0, 3}},                                       3.0, ""},
+    {"one negative operand",       {{0, 3, true}},                                -3.0, ""},
     {"a square",                   {{0, 3}, {u'^', 2}},                            9.0, ""},
     {"from the right",             {{0, 2}, {u'^', 3}, {u'^', 2}},               512.0, ""},
     {"the operator in front",      {{u'/', 3}, {u'^', 2}},                         9.0, ""},

@@ -470,6 +470,15 @@ INSTANTIATE_TEST_SUITE_P(Results, ImaginaryOrLarge, testing::Values(
 ), [](const auto& test) { return test.param.name; });
 // clang-format on
 
+TEST(FunctionOfOneArgument, ofAListThatIsNotThereIsOfZero) {
+    TXEquationController controller;
+    Call call(controller, {5.0});
+    const std::vector<std::int32_t> missing = {2};
+    constexpr std::int32_t cosine = 3;
+    EXPECT_EQ(call.calculateTXFunction(cosine, TXBlockPointerList(missing)), 1.0);
+    EXPECT_EQ(call.message(), "");
+}
+
 // Typed lines
 
 struct TypedFunctionCase {

@@ -589,4 +589,11 @@ TEST(TXEquationController, twoSessionsKnowNothingOfEachOther) {
     EXPECT_EQ(other.currentAnswerCacheNumber(), 1);
 }
 
+TEST(TXEquationController, clearingForgetsTheLeftSideOfARefusedLine) {
+    TXEquationController controller;
+    EXPECT_TRUE(controller.addOneStringBlindly(u"a=(1")->isErrorMessage());
+    controller.clearAll();
+    EXPECT_EQ(controller.addOneStringBlindly(u"2+3")->number(), 5.0);
+}
+
 }  // namespace

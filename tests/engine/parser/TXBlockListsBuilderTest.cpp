@@ -12,7 +12,7 @@ namespace {
 /// Appends a number to a list, as the parser does.
 void append(TXBlockListsBuilder& builder, std::int32_t list, double number) {
     builder.workingBlock().setNumber(number);
-    builder.append(*builder.info(list));
+    builder.append(list);
 }
 
 std::string finished(TXBlockListsBuilder& builder) {
@@ -27,6 +27,7 @@ TEST(TXBlockListsBuilderTest, hasNoListBeforeItBegins) {
     EXPECT_EQ(builder.count(0), 0);
     EXPECT_EQ(builder.info(0), nullptr);
     EXPECT_EQ(builder.block(0, 0), nullptr);
+    EXPECT_TRUE(builder.finish().empty());
 }
 
 TEST(TXBlockListsBuilderTest, beginsWithTheTopLevel) {
@@ -46,7 +47,6 @@ TEST(TXBlockListsBuilderTest, aListThatDoesNotExistHoldsNothing) {
         EXPECT_EQ(builder.count(list), 0);
         EXPECT_EQ(builder.info(list), nullptr);
         EXPECT_EQ(builder.block(list, 0), nullptr);
-        builder.closeList(list);
     }
     EXPECT_EQ(finished(builder), "0:");
 }
@@ -82,7 +82,6 @@ TEST(TXBlockListsBuilderTest, returnsToTheListAround) {
     EXPECT_EQ(builder.openList(), 1);
     append(builder, 1, 2.0);
     append(builder, 1, 3.0);
-    builder.closeList(1);
     append(builder, 0, 4.0);
     EXPECT_EQ(builder.count(0), 2);
     EXPECT_EQ(builder.count(1), 2);
@@ -98,12 +97,9 @@ TEST(TXBlockListsBuilderTest, keepsTheOrderOfOpeningWhateverTheOrderOfClosing) {
     append(builder, 1, 1.0);
     builder.openList();
     append(builder, 2, 2.0);
-    builder.closeList(2);
     append(builder, 1, 1.5);
-    builder.closeList(1);
     builder.openList();
     append(builder, 3, 3.0);
-    builder.closeList(3);
     append(builder, 0, 0.75);
     EXPECT_EQ(finished(builder), "0: 0.5 0.75 | 1: 1 1.5 | 2: 2 | 3: 3");
 }
@@ -114,7 +110,6 @@ TEST(TXBlockListsBuilderTest, letsTheBlockThatLeadsToANewListComeAfterIt) {
     EXPECT_EQ(builder.openList(), 1);
     append(builder, 0, 1.0);
     append(builder, 1, 2.0);
-    builder.closeList(1);
     append(builder, 0, 3.0);
     EXPECT_EQ(finished(builder), "0: 1 3 | 1: 2");
 }
@@ -124,9 +119,7 @@ TEST(TXBlockListsBuilderTest, emptyListsStayEmpty) {
     builder.begin();
     append(builder, 0, 1.0);
     builder.openList();
-    builder.closeList(1);
     builder.openList();
-    builder.closeList(2);
     append(builder, 0, 2.0);
     EXPECT_EQ(finished(builder), "0: 1 2 | 1: | 2:");
 }
@@ -138,7 +131,6 @@ TEST(TXBlockListsBuilderTest, changesTheBlocksOfTheListsAround) {
     builder.openList();
     append(builder, 1, 2.0);
     builder.block(0, 0)->addBlockPointer(1);
-    builder.closeList(1);
     EXPECT_EQ(finished(builder), "0: 1[1] | 1: 2");
 }
 
@@ -157,7 +149,6 @@ TEST(TXBlockListsBuilderTest, keepsWhatIsKnownOfAList) {
     builder.info(0)->setIsDynamic(true);
     builder.openList();
     builder.info(1)->setParentBlockInfoStruct({.parentIndex = 0, .parentSubIndex = 4});
-    builder.closeList(1);
     EXPECT_EQ(finished(builder), "0!: | 1@0.4:");
 }
 
@@ -171,7 +162,6 @@ TEST(TXBlockListsBuilderTest, onlyCountsOnceTheEquationIsRefused) {
     builder.openList();
     append(builder, 1, 3.0);
     EXPECT_EQ(builder.count(1), 1);
-    builder.closeList(1);
     append(builder, 0, 4.0);
     EXPECT_EQ(builder.count(0), 3);
     EXPECT_FALSE(builder.workingBlock().isNumber());

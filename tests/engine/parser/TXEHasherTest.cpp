@@ -257,6 +257,26 @@ INSTANTIATE_TEST_SUITE_P(UpToOperator, Words, testing::Values(
 ), RowName());
 // clang-format on
 
+TEST(HashingSteps, aNewParserHoldsNothing) {
+    TXEquationController controller;
+    OpenHasher hasher(controller);
+    EXPECT_EQ(hasher.currentEquationResult_, nullptr);
+    EXPECT_FALSE(hasher.isThereAnError_);
+    EXPECT_FALSE(hasher.parseNegativeNumber());
+    EXPECT_FALSE(hasher.overloadedAnsBeforeEquals_);
+    EXPECT_TRUE(hasher.equationIndentTracker_.empty());
+    EXPECT_TRUE(hasher.positionsOfAnsVariable_.empty());
+    EXPECT_EQ(hasher.equationPosition_, 0);
+    EXPECT_EQ(hasher.equationLength_, 0);
+    EXPECT_EQ(hasher.lastEquationPosition_, -1);
+    EXPECT_EQ(hasher.equationIndentLevel_, 0);
+    EXPECT_EQ(hasher.currentIndex_, 0);
+    EXPECT_EQ(hasher.equalsCount_, 0);
+    EXPECT_EQ(hasher.indexOfEquationToHash_, 0);
+    EXPECT_EQ(hasher.positionBeforeHash_, 0);
+    EXPECT_EQ(hasher.positionBeforePreviousHash_, 0);
+}
+
 TEST(HashingSteps, theGuardOfTheWordsKeepsItsMessage) {
     EXPECT_EQ(parserMessages::parsingError, u"Parsing error. Please report this bug with the equation.");
 }
@@ -353,6 +373,17 @@ TEST(LongLines, manyGroupsSideBySide) {
     EXPECT_EQ(lists.size(), 1000002);
     EXPECT_EQ(lists[0].size(), 1000001U);
     EXPECT_EQ(lists.info().back().parentSubIndex(), 1000000);
+}
+
+// A character needs so much more memory while it is parsed that such a line could fill all there is.
+TEST(LongLines, aLineTooLongToBeParsedIsRefused) {
+    constexpr std::size_t longest = std::size_t{1} << 27U;
+    TXEquationController controller;
+    TXEquation equation = TXEquation::initWithEquationString(std::u16string(longest + 1, u' '));
+    const TXResult* result = controller.equationHasher().hashEquation(equation);
+    EXPECT_TRUE(result->isErrorMessage());
+    EXPECT_EQ(utf8(result->errorMessage()), "Parsing error. Please report this bug with the equation.");
+    EXPECT_EQ(equation.leftEquationBlocks(), nullptr);
 }
 
 TEST(LongLines, manyAnswersAreRewritten) {

@@ -255,9 +255,9 @@ TEST(NameLookup, isExactAndFindsTheFirst) {
 
 /// A session whose latest answer is the variable at position 2.
 struct AnsweredLine {
-    AnsweredLine(std::u16string_view answerName, std::u16string_view line)
+    AnsweredLine(std::u16string_view nameOfAnswer, std::u16string_view line)
         : equation(TXEquation::initWithEquationString(std::u16string(line))) {
-        controller.variableArray().append(TXVariable::initWithName(std::u16string(answerName), true, 7.0));
+        controller.variableArray().append(TXVariable::initWithName(std::u16string(nameOfAnswer), true, 7.0));
         controller.setLastVariableAssignedIndex(2);
         controller.equationHasher().hashEquation(equation);
     }
@@ -361,12 +361,42 @@ TEST(AnswersAreConcrete, unlessTheTextWouldFillTheMemory) {
         }
         TXEquation equation = TXEquation::initWithEquationString(line);
         controller.equationHasher().hashEquation(equation);
-        return std::pair(line, equation.masterString());
+        return std::pair(line, std::u16string(equation.masterString()));
     };
     constexpr std::size_t most = bound / (nameLength + 4);
     EXPECT_EQ(sumOfAnswers(most).second.size(), most * (nameLength + 1) - 1);
     const auto [typed, stored] = sumOfAnswers(most + 2);
     EXPECT_EQ(utf8(stored), utf8(typed));
+}
+
+// What is typed and all the names together may come to 2^24 characters, or to eight times what is typed.
+TEST(AnswersAreConcrete, upToTheBoundExactly) {
+    constexpr std::size_t count = 4096;
+    struct Row {
+        const char* name;
+        std::size_t typed;
+        std::size_t nameLength;
+        bool isRewritten;
+    };
+    const Row rows[] = {
+        {"short line", 393216, 4000, true},
+        {"short line, one character more", 393217, 4000, false},
+        {"long line", 2359296, 4032, true},
+        {"long line, one character less", 2359295, 4032, false},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        TXEquationController controller;
+        controller.addOneStringBlindly(std::u16string(row.nameLength, u'a') + u"=5");
+        std::u16string line = u"ans";
+        for (std::size_t answer = 1; answer < count; ++answer) {
+            line += u"+ans";
+        }
+        line.append(row.typed - line.size(), u' ');
+        TXEquation equation = TXEquation::initWithEquationString(line);
+        ASSERT_FALSE(controller.equationHasher().hashEquation(equation)->isErrorMessage());
+        EXPECT_EQ(equation.masterString().size(), row.typed + (row.isRewritten ? count * (row.nameLength - 3) : 0));
+    }
 }
 
 TEST(AnswersAreConcrete, shortNamesInLongLinesToo) {

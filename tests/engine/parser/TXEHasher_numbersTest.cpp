@@ -1,5 +1,6 @@
 #include "engine/parser/TXEHasher.h"
 
+#include <charconv>
 #include <cmath>
 #include <limits>
 #include <ostream>
@@ -76,6 +77,8 @@ constexpr LiteralCase prefixedLiterals[] = {
     {"Hexadecimal",                    u"0x1F",       31.0},
     {"HexadecimalCapitalPrefix",       u"0X1f",       31.0},
     {"HexadecimalMixedCase",           u"0xaBcDeF",   11259375.0},
+    {"HexadecimalFirstAndLastLetter",  u"0xaf",       175.0},
+    {"HexadecimalFirstAndLastCapital", u"0xAF",       175.0},
     {"HexadecimalExponentIsADigit",    u"0x1e3",      483.0},
     {"Binary",                         u"0b101",      5.0},
     {"BinaryCapitalPrefix",            u"0B11",       3.0},
@@ -187,6 +190,9 @@ constexpr RefusalCase badDigits[] = {
     {"OctalLetterAsTyped",     u"0O1E2",      u"Octal numbers can only have digits 0-7; you can't have a E character in an octal number (in 0o1E2)."},
     {"Hexadecimal",            u"0xfg",       u"Hexadecimal numbers can only have digits 0-9 and letters A-F; you can't have a g character in an hexadecimal number (in 0xfg)."},
     {"HexadecimalLowerCased",  u"0XAHF",      u"Hexadecimal numbers can only have digits 0-9 and letters A-F; you can't have a h character in an hexadecimal number (in 0xAHF)."},
+    {"HexadecimalLastLetter",  u"0xZ",        u"Hexadecimal numbers can only have digits 0-9 and letters A-F; you can't have a z character in an hexadecimal number (in 0xZ)."},
+    {"HexadecimalBeforeTheCapitals", u"0x@",  u"Hexadecimal numbers can only have digits 0-9 and letters A-F; you can't have a @ character in an hexadecimal number (in 0x@)."},
+    {"HexadecimalBeforeTheLetters", u"0x`",   u"Hexadecimal numbers can only have digits 0-9 and letters A-F; you can't have a ` character in an hexadecimal number (in 0x`)."},
     {"HexadecimalPoint",       u"0x1.5",      u"Hexadecimal numbers can only have digits 0-9 and letters A-F; you can't have a . character in an hexadecimal number (in 0x1.5)."},
     {"OnlyAsciiIsLowerCased",  u"0x1\u00C9",  u"Hexadecimal numbers can only have digits 0-9 and letters A-F; you can't have a \u00C9 character in an hexadecimal number (in 0x1\u00C9)."},
     {"KelvinSignIsNoLetter",   u"0x\u212A",   u"Hexadecimal numbers can only have digits 0-9 and letters A-F; you can't have a \u212A character in an hexadecimal number (in 0x\u212A)."},
@@ -207,6 +213,7 @@ constexpr RefusalCase juxtapositions[] = {
     {"Fraction",                    u"2.50x",     u"There needs to be an operator after 2.50."},
     {"PointAtTheEnd",               u"3.a",       u"There needs to be an operator after 3.."},
     {"OnlyUpToTheE",                u"2e3x",      u"There needs to be an operator after 2e."},
+    {"OnlyUpToTheEOfALaterNumber",  u"10+2e3x",   u"There needs to be an operator after 2e."},
     {"OnlyUpToTheCapitalE",         u"2.5E - 3(", u"There needs to be an operator after 2.5E."},
     {"NothingOfAPrefixedNumber",    u"0x1F(2)",   u"There needs to be an operator after ."},
     {"NothingOfABinaryNumber",      u"0b1[2]",    u"There needs to be an operator after ."},
@@ -232,6 +239,21 @@ double onlyNumberOf(std::u16string_view line) {
     const ParsedLine parsed(line);
     EXPECT_FALSE(parsed.result->isErrorMessage()) << utf8(parsed.result->errorMessage());
     return parsed.result->isErrorMessage() ? 0.0 : (*parsed.equation.leftEquationBlocks())[0].front().number();
+}
+
+// The nearest doubles, with every number of digits in front of the point and behind it.
+TEST(LiteralRange, aPointMayStandAnywhere) {
+    constexpr std::string_view digits = "31415926535897932384";
+    for (std::size_t count = 1; count <= digits.size(); ++count) {
+        for (std::size_t whole = 0; whole <= count; ++whole) {
+            const std::string text =
+                std::string(digits.substr(0, whole)) + "." + std::string(digits.substr(whole, count - whole));
+            SCOPED_TRACE(text);
+            double nearest = 0.0;
+            std::from_chars(text.data(), text.data() + text.size(), nearest);
+            EXPECT_EQ(onlyNumberOf(std::u16string(text.begin(), text.end())), nearest);
+        }
+    }
 }
 
 TEST(LiteralRange, withoutAnExponentInfinityIsAccepted) {
@@ -302,6 +324,13 @@ TEST(NumberReading, endsOnTheLastCharacterTakenAndForgetsTheSign) {
     EXPECT_EQ(opened.hasher.equationPosition_, 9);
     EXPECT_FALSE(opened.hasher.parseNegativeNumber());
     EXPECT_EQ(opened.finishedTree(), "0: +0.002±0.5");
+}
+
+TEST(NumberReading, ofAPrefixedNumberEndsOnItsLastDigitToo) {
+    OpenedLine opened(u"0x1F");
+    opened.hasher.parseNumber();
+    EXPECT_EQ(opened.hasher.equationPosition_, 3);
+    EXPECT_EQ(opened.finishedTree(), "0: 31");
 }
 
 TEST(NumberReading, aRefusedLiteralAddsNothing) {

@@ -96,6 +96,17 @@ INSTANTIATE_TEST_SUITE_P(Classes, CharacterClasses, testing::Values(
     ClassCase{"Digit",              isDigit,                  CodeRanges{{0x30, 0x39}}},
     ClassCase{"DecimalCharacter",   isDecimalCharacter,       decimalCharacters}
 ), RowName());
+
+// The classes look most characters up in tables that the compiler has made of these.
+INSTANTIATE_TEST_SUITE_P(Rules, CharacterClasses, testing::Values(
+    ClassCase{"Whitespace",         characterRules::whitespace,         whitespace},
+    ClassCase{"PrecedenceOperator", characterRules::precedenceOperator, precedenceOperators},
+    ClassCase{"Operator",           characterRules::anyOperator,        operators},
+    ClassCase{"NumericalDelimiter", characterRules::numericalDelimiter, numericalDelimiters},
+    ClassCase{"VariableDelimiter",  characterRules::variableDelimiter,  variableDelimiters},
+    ClassCase{"Letter",             characterRules::letter,             letters},
+    ClassCase{"Digit",              characterRules::digit,              CodeRanges{{0x30, 0x39}}}
+), RowName());
 // clang-format on
 
 }  // namespace

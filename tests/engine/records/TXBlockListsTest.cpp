@@ -7,23 +7,25 @@
 
 namespace {
 
-TXBlockInfo infoWithRange(TXBlockRange range, _TXBlockInfoStruct parent = {}) {
+TXBlockInfo infoWithLength(std::int32_t length, _TXBlockInfoStruct parent = {}) {
     TXBlockInfo info;
-    info.setBlockRange(range);
+    info.setBlockRange({.start = 0, .length = length});
     info.setParentBlockInfoStruct(parent);
     return info;
 }
 
-// 2*(3+4)-5: the inner list was closed first, so its blocks come in the first run.
+// 2*(3+4)-5, the blocks in the order in which they are read.
 TXBlockLists nestedLists() {
-    std::array<TXBlock, 2> inner = {TXBlock::initWithNumber(3, u'\0'), TXBlock::initWithNumber(4, u'+')};
-    std::array<TXBlock, 3> outer = {TXBlock::initWithNumber(2, u'\0'), TXBlock(), TXBlock::initWithNumber(5, u'-')};
-    outer[1].setBlockOperator(u'*');
-    outer[1].addBlockPointer(1);
-    outer[2].setTolerance({.plusTol = 0.5, .minusTol = 0.25});
-    const std::array info = {infoWithRange({.start = 2, .length = 3}),
-                             infoWithRange({.start = 0, .length = 2}, {0, 1})};
-    return {inner, outer, info};
+    std::array<PlacedBlock, 5> blocks = {{{TXBlock::initWithNumber(2, u'\0'), 0},
+                                          {TXBlock(), 0},
+                                          {TXBlock::initWithNumber(3, u'\0'), 1},
+                                          {TXBlock::initWithNumber(4, u'+'), 1},
+                                          {TXBlock::initWithNumber(5, u'-'), 0}}};
+    blocks[1].block.setBlockOperator(u'*');
+    blocks[1].block.addBlockPointer(1);
+    blocks[4].block.setTolerance({.plusTol = 0.5, .minusTol = 0.25});
+    const std::array info = {infoWithLength(3), infoWithLength(2, {0, 1})};
+    return {blocks, info};
 }
 
 TEST(TXBlockLists, isEmptyAtFirst) {
@@ -57,7 +59,7 @@ TEST(TXBlockLists, eachListHasItsOwnRunOfBlocks) {
 
 TEST(TXBlockLists, aListMayHaveNoBlocks) {
     const std::array info = {TXBlockInfo()};
-    const TXBlockLists lists({}, {}, info);
+    const TXBlockLists lists({}, info);
     EXPECT_FALSE(lists.empty());
     EXPECT_EQ(lists.size(), 1);
     EXPECT_TRUE(lists[0].empty());
@@ -75,6 +77,16 @@ TEST(TXBlockLists, blocksCanBeChangedInPlace) {
 TEST(TXBlockLists, theBlocksComeWithAllThatTheyHave) {
     const TXBlockLists lists = nestedLists();
     EXPECT_EQ(lists[0][2].tolerance(), (_TXTolerance{0.5, 0.25}));
+}
+
+TEST(TXBlockLists, oneThatMovesLeavesNothingBehind) {
+    TXBlockLists lists = nestedLists();
+    const TXBlockLists moved = std::move(lists);
+    // NOLINTNEXTLINE(bugprone-use-after-move,clang-analyzer-cplusplus.Move): what is left behind is the question
+    EXPECT_TRUE(lists.empty());
+    EXPECT_EQ(lists.size(), 0);
+    EXPECT_EQ(lists.blockCount(), 0);
+    EXPECT_TRUE(lists.info().empty());
 }
 
 TEST(TXBlockLists, oneThatMovesTakesEverythingAlong) {

@@ -55,6 +55,23 @@ TEST(TXBlock, setNumberMakesANumberBlock) {
     EXPECT_TRUE(block.isNumber());
 }
 
+TEST(TXBlock, whatIsKeptAsideIsZeroUntilItIsSet) {
+    TXBlock block;
+    block.setRows(2);
+    EXPECT_EQ(block.plusTolerance(), 0.0);
+    EXPECT_EQ(block.minusTolerance(), 0.0);
+    EXPECT_EQ(block.tolerance(), _TXTolerance{});
+    block.setPlusTolerance(1.5);
+    EXPECT_EQ(block.minusTolerance(), 0.0);
+    EXPECT_EQ(block.rows(), 2);
+    block.setIsResult(true);
+    EXPECT_EQ(block.number(), 0.0);
+
+    TXBlock other;
+    other.setTolerance({.plusTol = 0.5, .minusTol = 0.25});
+    EXPECT_EQ(other.rows(), 0);
+}
+
 TEST(TXBlock, everyAccessorReadsWhatWasWritten) {
     TXBlock block;
     block.setBlockOperator(u'^');
@@ -285,6 +302,7 @@ INSTANTIATE_TEST_SUITE_P(Shapes, TXBlockColumns, testing::Values(
     ColumnsCase{"TwoByThree",          6,   2,  3},
     ColumnsCase{"OneByOne",            1,   1,  1},
     ColumnsCase{"NoElements",          0,   2,  0},
+    ColumnsCase{"NoRows",              6,   0,  0},
     ColumnsCase{"RestIsCutOff",        7,   2,  3},
     ColumnsCase{"FewerThanRows",       1,   2,  0}
 ), [](const auto& test) { return test.param.name; });

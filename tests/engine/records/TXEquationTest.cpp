@@ -11,11 +11,11 @@
 namespace {
 
 TXBlockLists oneNumber(double number) {
-    std::array blocks = {TXBlock::initWithNumber(number, u'\0')};
+    std::array blocks = {PlacedBlock{TXBlock::initWithNumber(number, u'\0'), 0}};
     std::array info = {TXBlockInfo()};
     info[0].setBlockRange({.start = 0, .length = 1});
     info[0].setIsDynamic(true);
-    return {blocks, {}, info};
+    return {blocks, info};
 }
 
 TEST(TXEquation, aFreshOneHasOnlyItsText) {

@@ -15,22 +15,25 @@ class NameList {
 public:
     explicit NameList(std::uint32_t (*hash)(std::u16string_view) = &TXNameIndex::hash) : hash_(hash) {}
 
-    void add(std::u16string name) {
+    void add(const std::u16string& name) {
         const auto position = static_cast<std::int32_t>(names_.size());
-        index_.insert(hash_(name), position);
-        names_.push_back(std::move(name));
+        names_.push_back(name);
+        index_.insert(name, hash_(name), position, NameAt{names_});
     }
-    std::int32_t find(std::u16string_view name) const {
-        return index_.find(name, hash_(name), [this](std::int32_t position) -> std::u16string_view {
-            return names_[static_cast<std::size_t>(position)];
-        });
-    }
+    std::int32_t find(std::u16string_view name) const { return index_.find(name, hash_(name), NameAt{names_}); }
     void clear() {
         names_.clear();
         index_.clear();
     }
 
 private:
+    struct NameAt {
+        const std::vector<std::u16string>& names;
+        std::u16string_view operator()(std::int32_t position) const {
+            return names[static_cast<std::size_t>(position)];
+        }
+    };
+
     std::uint32_t (*hash_)(std::u16string_view);
     std::vector<std::u16string> names_;
     TXNameIndex index_;
@@ -54,11 +57,30 @@ TEST(TXNameIndex, findsEachNameAtItsPosition) {
     EXPECT_EQ(list.find(u"xy"), -1);
 }
 
+TEST(TXNameIndex, aNameThatComesAgainStaysWhereItWas) {
+    NameList list;
+    for (const char16_t* name : {u"x", u"y", u"x"}) list.add(name);
+    EXPECT_EQ(list.find(u"x"), 0);
+    EXPECT_EQ(list.find(u"y"), 1);
+}
+
 TEST(TXNameIndex, equalTextsHaveEqualHashes) {
     const std::u16string one = u"ans12";
     const std::u16string two = std::u16string(u"ans") + u"12";
     EXPECT_EQ(TXNameIndex::hash(one), TXNameIndex::hash(two));
     EXPECT_EQ(TXNameIndex::hash(u"xans12y"), TXNameIndex::hash(u"xans12y"));
+}
+
+// Names that differ in one place must not share their hash: a session of such names would be searched one by one.
+TEST(TXNameIndex, everyCharacterCounts) {
+    for (std::size_t length = 1; length <= 16; ++length) {
+        const std::u16string name(length, u'x');
+        for (std::size_t place = 0; place < length; ++place) {
+            std::u16string other = name;
+            other[place] = u'y';
+            EXPECT_NE(TXNameIndex::hash(name), TXNameIndex::hash(other)) << utf8(other);
+        }
+    }
 }
 
 TEST(TXNameIndex, theOrderOfCharactersCounts) {
