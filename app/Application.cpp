@@ -1,0 +1,27 @@
+#include "app/Application.h"
+
+#include <QGuiApplication>
+
+#include "app/MainMenu.h"
+#include "ui/document/MyDocument.h"
+
+void Application::introduce() {
+    QCoreApplication::setOrganizationName(QStringLiteral("Tallix"));
+    QCoreApplication::setApplicationName(QStringLiteral("tallix"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(TALLIX_VERSION));
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Tallix"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.tallix.tallix"));
+    // The documents decide: neither panels nor the preferences keep the program alive, or end it.
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+}
+
+Application::Application() {
+    connect(&documents_, &DocumentController::documentMade, this,
+            [this](MyDocument* document) { MainMenu::fill(*document, documents_, preferences_); });
+#ifndef Q_OS_MACOS
+    connect(&documents_, &DocumentController::lastDocumentClosed, this, [] { QCoreApplication::exit(0); });
+#endif
+    preferences_.awakeFromNib();
+}
+
+void Application::start() { documents_.newDocument(); }

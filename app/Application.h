@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QObject>
+
+#include "app/AppPreferencesController.h"
+#include "app/DocumentController.h"
+
+/// The running program: the open documents, the preferences, and the menus that join them.
+class Application : public QObject {
+    Q_OBJECT
+
+public:
+    /// Tells Qt and the desktop the program's names. To be called before the QApplication is made.
+    static void introduce();
+
+    /// Brings the user defaults in order.
+    Application();
+
+    /// Opens the first document. The event loop ends when the last one is closed.
+    void start();
+
+    DocumentController& documents() { return documents_; }
+    AppPreferencesController& preferences() { return preferences_; }
+
+private:
+    DocumentController documents_;
+    AppPreferencesController preferences_{documents_};
+};

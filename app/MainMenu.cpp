@@ -1,0 +1,130 @@
+#include "app/MainMenu.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QShortcut>
+
+#include "app/AppPreferencesController.h"
+#include "app/DocumentController.h"
+#include "app/EditCommands.h"
+#include "app/TXGreekLetterPanel.h"
+#include "app/messages.h"
+#include "ui/document/MyDocument.h"
+#include "ui/document/TXWindow.h"
+#include "ui_MainMenu.h"
+
+namespace {
+
+constexpr int lastMnemonicDigit = 9;
+
+/// The entry of the window with this number, from 1, in the list of windows.
+QString windowEntry(int number, const QString& title) {
+    QString shown = title;
+    shown.replace(u'&', QStringLiteral("&&"));
+    return number <= lastMnemonicDigit ? QStringLiteral("&%1 %2").arg(number).arg(shown) : shown;
+}
+
+}  // namespace
+
+void MainMenu::fill(MyDocument& document, DocumentController& documents, AppPreferencesController& preferences) {
+    new MainMenu(document, documents, preferences);  // owned by the window
+}
+
+MainMenu::MainMenu(MyDocument& document, DocumentController& documents, AppPreferencesController& preferences)
+    : QObject(document.documentWindow()),
+      document_(document),
+      documents_(documents),
+      preferences_(preferences),
+      window_(document.documentWindow()),
+      ui_(std::make_unique<Ui::MainMenu>()) {
+    ui_->setupUi(window_);
+    connectFileMenu();
+    connectEditMenu();
+    connectViewMenu();
+    connectWindowMenu();
+    connectHelpMenu();
+    addKeys();
+}
+
+MainMenu::~MainMenu() = default;
+
+void MainMenu::connectFileMenu() {
+    connect(ui_->newDocumentAction, &QAction::triggered, &documents_, [this] { documents_.newDocument(); });
+    connect(ui_->openDocumentAction, &QAction::triggered, &document_, &MyDocument::openDocument);
+    connect(ui_->closeDocumentAction, &QAction::triggered, &document_, &MyDocument::close);
+    connect(ui_->saveDocumentAction, &QAction::triggered, &document_, &MyDocument::saveDocument);
+    connect(ui_->saveDocumentAsAction, &QAction::triggered, &document_, &MyDocument::saveDocument);
+    connect(ui_->printDocumentAction, &QAction::triggered, &document_, &MyDocument::printDocument);
+    connect(ui_->quitAction, &QAction::triggered, &documents_, &DocumentController::closeAll);
+}
+
+void MainMenu::connectEditMenu() {
+    // Two keys each, which a layout cannot say.
+    ui_->cutAction->setShortcuts({QKeySequence("Ctrl+X"), QKeySequence("Shift+Del")});
+    ui_->copyAction->setShortcuts({QKeySequence("Ctrl+C"), QKeySequence("Ctrl+Ins")});
+    ui_->pasteAction->setShortcuts({QKeySequence("Ctrl+V"), QKeySequence("Shift+Ins")});
+    new EditCommands(window_, {ui_->undoAction, ui_->redoAction, ui_->cutAction, ui_->copyAction, ui_->pasteAction,
+                               ui_->selectAllAction});
+    connect(ui_->preferencesAction, &QAction::triggered, &preferences_, &AppPreferencesController::ShowPreferencePanel);
+}
+
+void MainMenu::connectViewMenu() {
+    connect(ui_->fullScreenAction, &QAction::triggered, this, &MainMenu::setFullScreen);
+    window_->installEventFilter(this);
+}
+
+void MainMenu::connectWindowMenu() {
+    connect(ui_->minimizeAction, &QAction::triggered, window_, &QWidget::showMinimized);
+    connect(ui_->windowMenu, &QMenu::aboutToShow, this, &MainMenu::listWindows);
+}
+
+void MainMenu::connectHelpMenu() {
+    using Controller = AppPreferencesController;
+    connect(ui_->usersGuideAction, &QAction::triggered, &preferences_, &Controller::openUsersGuide);
+    connect(ui_->greekLettersAction, &QAction::triggered, &preferences_, &Controller::showGreekLettersPanel);
+    connect(ui_->releaseNotesAction, &QAction::triggered, &preferences_, &Controller::openReleaseNotes);
+    connect(ui_->screencastsAction, &QAction::triggered, &preferences_, &Controller::openScreencastURL);
+    connect(ui_->sendFeedbackAction, &QAction::triggered, &preferences_, &Controller::openFeedbackURL);
+    connect(ui_->reportBugAction, &QAction::triggered, &preferences_, &Controller::openBugReportURL);
+    connect(ui_->aboutAction, &QAction::triggered, this, [this] { showAbout(window_); });
+}
+
+// The keys that no entry of a menu stands for.
+void MainMenu::addKeys() {
+    connect(new QShortcut(QKeySequence(Qt::Key_F10), window_), &QShortcut::activated, ui_->menuBar, &MenuBar::open);
+    connect(new QShortcut(QKeySequence(Qt::Key_F6), window_), &QShortcut::activated, this, &MainMenu::moveToPanel);
+}
+
+void MainMenu::listWindows() {
+    qDeleteAll(windowEntries_);
+    windowEntries_.clear();
+    for (MyDocument* document : documents_.documents()) {
+        const int number = static_cast<int>(windowEntries_.size()) + 1;
+        QAction* entry = ui_->windowMenu->addAction(windowEntry(number, document->documentWindow()->windowTitle()),
+                                                    document, &MyDocument::showWindow);
+        entry->setCheckable(true);
+        entry->setChecked(document == &document_);
+        windowEntries_.append(entry);
+    }
+}
+
+void MainMenu::setFullScreen(bool isFullScreen) {
+    window_->setWindowState(window_->windowState().setFlag(Qt::WindowFullScreen, isFullScreen));
+}
+
+// The window manager, too, can make the window fill the screen.
+bool MainMenu::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::WindowStateChange) ui_->fullScreenAction->setChecked(window_->isFullScreen());
+    return QObject::eventFilter(watched, event);
+}
+
+// To the newest panel, and back: the keys of a window work in its panels as well.
+void MainMenu::moveToPanel() {
+    const auto panels = window_->findChildren<TXGreekLetterPanel*>();
+    if (panels.isEmpty()) return;
+    if (QApplication::activeWindow() == window_) {
+        panels.last()->takeFocus();
+    } else {
+        document_.showWindow();
+    }
+}

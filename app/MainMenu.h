@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QObject>
+#include <memory>
+
+class AppPreferencesController;
+class DocumentController;
+class MyDocument;
+class QAction;
+class TXWindow;
+
+namespace Ui {
+class MainMenu;
+}
+
+/// The menu bar of one document's window: which command each of its entries is.
+class MainMenu : public QObject {
+    Q_OBJECT
+
+public:
+    ~MainMenu() override;
+
+    /// Gives the document's window its menu bar. The window owns it; the two controllers must outlive the window.
+    static void fill(MyDocument& document, DocumentController& documents, AppPreferencesController& preferences);
+
+private:
+    MainMenu(MyDocument& document, DocumentController& documents, AppPreferencesController& preferences);
+
+    void connectFileMenu();
+    void connectEditMenu();
+    void connectViewMenu();
+    void connectWindowMenu();
+    void connectHelpMenu();
+    void addKeys();
+    void listWindows();
+    void setFullScreen(bool isFullScreen);
+    void moveToPanel();
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+    MyDocument& document_;
+    DocumentController& documents_;
+    AppPreferencesController& preferences_;
+    TXWindow* window_;
+    std::unique_ptr<Ui::MainMenu> ui_;
+    QList<QAction*> windowEntries_;
+};

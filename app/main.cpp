@@ -1,0 +1,52 @@
+#include <QApplication>
+#include <cstdio>
+#include <string>
+#include <string_view>
+
+#include "app/Application.h"
+#include "app/LaunchOptions.h"
+
+namespace {
+
+namespace exitStatus {
+constexpr int success = 0;
+constexpr int failed = 1;
+constexpr int wrongUsage = 2;
+}  // namespace exitStatus
+
+int show(std::string_view text) {
+    const bool isWritten = std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0;
+    if (!isWritten) std::perror("tallix");
+    return isWritten ? exitStatus::success : exitStatus::failed;
+}
+
+int complain(const std::string& complaint) {
+    const std::string text = "tallix: " + complaint + "\nTry 'tallix --help'.\n";
+    static_cast<void>(std::fputs(text.c_str(), stderr));
+    return exitStatus::wrongUsage;
+}
+
+int runApplication(char* programName) {
+    // The program's name alone, so that Qt finds no options of its own.
+    int argumentCount = 1;
+    char* arguments[] = {programName, nullptr};
+    Application::introduce();
+    const QApplication toolkit(argumentCount, static_cast<char**>(arguments));
+    Application application;
+    application.start();
+    return QApplication::exec();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const LaunchOptions options = LaunchOptions::parse({argv + (argc > 0 ? 1 : 0), argv + argc});
+    switch (options.action) {
+        case LaunchOptions::Action::showHelp: return show(LaunchOptions::helpText());
+        case LaunchOptions::Action::showVersion: return show(LaunchOptions::versionText());
+        case LaunchOptions::Action::complain: return complain(options.complaint);
+        case LaunchOptions::Action::run: break;
+    }
+    std::string programName = "tallix";
+    return runApplication(argc > 0 ? argv[0] : programName.data());
+}

@@ -1,0 +1,162 @@
+// The list of open documents: order, titles, places, and what closing does.
+
+#include "app/DocumentController.h"
+
+#include <QDialog>
+#include <QPointer>
+#include <QScreen>
+
+#include <QtTest/QSignalSpy>
+
+#include "tests/support/ApplicationTest.h"
+#include "ui/UserDefaults.h"
+
+namespace {
+
+using Documents = ApplicationTest;
+
+QString titleOf(const MyDocument& document) { return document.documentWindow()->windowTitle(); }
+
+TEST_F(Documents, areNoneAtFirst) {
+    EXPECT_TRUE(application.documents().documents().isEmpty());
+    EXPECT_EQ(application.documents().activeDocument(), nullptr);
+}
+
+TEST_F(Documents, openWithTheCaretInTheEntryLine) {
+    application.start();
+    ASSERT_EQ(application.documents().documents().size(), 1);
+    MyDocument& document = *application.documents().documents().first();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(document.documentWindow()));
+    EXPECT_TRUE(document.formulaTextView()->hasFocus());
+}
+
+TEST_F(Documents, stayInTheOrderInWhichTheyWereMade) {
+    MyDocument& first = openDocument();
+    MyDocument& second = openDocument();
+    MyDocument& third = openDocument();
+    first.showWindow();
+    EXPECT_EQ(application.documents().documents(), (QList<MyDocument*>{&first, &second, &third}));
+    second.close();
+    EXPECT_EQ(application.documents().documents(), (QList<MyDocument*>{&first, &third}));
+}
+
+TEST_F(Documents, areNumberedFromTheSecondOnWithTheLowestFreeNumber) {
+    MyDocument& first = openDocument();
+    MyDocument& second = openDocument();
+    EXPECT_EQ(titleOf(first), "Untitled");
+    EXPECT_EQ(titleOf(second), "Untitled 2");
+    EXPECT_EQ(titleOf(openDocument()), "Untitled 3");
+    second.close();
+    EXPECT_EQ(titleOf(openDocument()), "Untitled 2");
+    first.close();
+    EXPECT_EQ(titleOf(openDocument()), "Untitled");
+    EXPECT_EQ(titleOf(openDocument()), "Untitled 4");
+}
+
+TEST_F(Documents, showNoModifiedMark) {
+    MyDocument& document = openDocument();
+    QTest::keyClicks(document.formulaTextView(), "1+1");
+    QTest::keyClick(document.formulaTextView(), Qt::Key_Return);
+    EXPECT_FALSE(document.documentWindow()->isWindowModified());
+}
+
+TEST_F(Documents, cascade) {
+    MyDocument& first = openDocument();
+    first.documentWindow()->move(10, 20);
+    const QPoint place = first.documentWindow()->pos();
+    const QPoint next = openDocument().documentWindow()->pos();
+    EXPECT_EQ(next - place, QPoint(24, 24));
+    // From the active window, which need not be the newest.
+    first.showWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(first.documentWindow()));
+    EXPECT_EQ(openDocument().documentWindow()->pos(), next);
+}
+
+TEST_F(Documents, beginAgainAtTheCornerWhereTheScreenEnds) {
+    MyDocument& first = openDocument();
+    const QRect screen = first.documentWindow()->screen()->availableGeometry();
+    first.documentWindow()->move(screen.bottomRight() - QPoint(100, 100));
+    EXPECT_EQ(openDocument().documentWindow()->pos(), screen.topLeft());
+}
+
+TEST_F(Documents, knowWhichIsActive) {
+    MyDocument& first = openDocument();
+    MyDocument& second = openDocument();
+    EXPECT_EQ(application.documents().activeDocument(), &second);
+    first.showWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(first.documentWindow()));
+    EXPECT_EQ(application.documents().activeDocument(), &first);
+    // The preferences are no document: commands still go to the last one.
+    application.preferences().ShowPreferencePanel();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(application.preferences().preferenceController()->window()));
+    EXPECT_EQ(application.documents().activeDocument(), &first);
+    first.close();
+    EXPECT_EQ(application.documents().activeDocument(), &second);
+    second.close();
+    EXPECT_EQ(application.documents().activeDocument(), nullptr);
+}
+
+TEST_F(Documents, goWithTheirWindowWithoutAQuestion) {
+    const QPointer<MyDocument> document = &openDocument();
+    const QPointer<TXWindow> window = document->documentWindow();
+    QTest::keyClicks(document->formulaTextView(), "half a line");
+    window->close();
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    deleteWhatIsClosed();
+    EXPECT_TRUE(document.isNull());
+    EXPECT_TRUE(window.isNull());
+}
+
+TEST_F(Documents, tellWhenTheLastOneIsClosedAndNotBefore) {
+    QSignalSpy spy(&application.documents(), &DocumentController::lastDocumentClosed);
+    MyDocument& first = openDocument();
+    MyDocument& second = openDocument();
+    application.preferences().ShowPreferencePanel();
+    first.close();
+    EXPECT_EQ(spy.count(), 0);
+    application.preferences().preferenceController()->window()->close();
+    EXPECT_EQ(spy.count(), 0);
+    application.preferences().showGreekLettersPanel();
+    second.close();
+    EXPECT_EQ(spy.count(), 1);
+}
+
+TEST_F(Documents, areAllClosedAtOnce) {
+    QSignalSpy spy(&application.documents(), &DocumentController::lastDocumentClosed);
+    const QPointer<MyDocument> first = &openDocument();
+    const QPointer<MyDocument> second = &openDocument();
+    second->saveDocument();  // its alert does not hold it
+    application.documents().closeAll();
+    EXPECT_EQ(spy.count(), 1);
+    EXPECT_TRUE(application.documents().documents().isEmpty());
+    deleteWhatIsClosed();
+    EXPECT_TRUE(first.isNull());
+    EXPECT_TRUE(second.isNull());
+}
+
+TEST_F(Documents, openAndCloseAHundredTimes) {
+    openDocument();
+    for (int i = 0; i < 100; ++i) {
+        MyDocument& document = application.documents().newDocument();
+        EXPECT_EQ(titleOf(document), "Untitled 2");
+        document.close();
+        deleteWhatIsClosed();
+    }
+    EXPECT_EQ(application.documents().documents().size(), 1);
+}
+
+TEST_F(Documents, takeTheDefaultsOfTheirDay) {
+    MyDocument& before = openDocument();
+    UserDefaults().setBool(false, TXUserDefaultsKey::usesRadiansForNewDocuments);
+    UserDefaults().setString("E", TXUserDefaultsKey::exponentsCharacter);
+    UserDefaults().setString(" ", TXUserDefaultsKey::thousandsSeparatorCharacter);
+    MyDocument& after = openDocument();
+    EXPECT_TRUE(before.documentEquationController().useRadians());
+    EXPECT_FALSE(after.documentEquationController().useRadians());
+    EXPECT_EQ(before.documentNumberFormatterSettings().exponentCharacter(), u"e");
+    EXPECT_EQ(after.documentNumberFormatterSettings().exponentCharacter(), u"E");
+    EXPECT_EQ(before.documentNumberFormatterSettings().thousandsCharacter(), u",");
+    EXPECT_EQ(after.documentNumberFormatterSettings().thousandsCharacter(), u" ");
+}
+
+}  // namespace

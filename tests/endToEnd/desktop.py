@@ -1,0 +1,240 @@
+"""A desktop of its own for a test: an X display with a window manager and a session bus, and programs on it.
+
+    with Desktop() as desktop, Program(desktop, ["tallix"]) as program:
+        desktop.wait_for_window("Untitled")
+        desktop.type("2+3")
+
+Nothing here sleeps for a fixed time: it waits for what is to happen, and fails after PATIENCE seconds.
+"""
+
+import os
+import pathlib
+import re
+import signal
+import subprocess
+import tempfile
+import time
+
+PATIENCE = 60
+SCREEN = "1280x1024x24"
+
+
+class Timeout(Exception):
+    """What was waited for did not happen."""
+
+
+def wait_for(condition, what):
+    """The first true value of the condition."""
+    end = time.monotonic() + PATIENCE
+    while True:
+        value = condition()
+        if value:
+            return value
+        if time.monotonic() > end:
+            raise Timeout(f"waited in vain for {what}")
+        time.sleep(0.02)
+
+
+class Desktop:
+    """Xvfb, openbox and a session bus, with folders of their own in place of the user's."""
+
+    def __init__(self, screen=SCREEN):
+        self.screen = screen
+        self.processes = []
+
+    def __enter__(self):
+        self.folder = tempfile.TemporaryDirectory(prefix="tallix-desktop-")
+        self.home = pathlib.Path(self.folder.name)
+        self.environment = self._environment()
+        try:
+            self.environment["DISPLAY"] = self._start_display()
+            self.environment["DBUS_SESSION_BUS_ADDRESS"] = self._start_bus()
+            self._start(["openbox", "--config-file", self._window_manager_settings(), "--sm-disable"])
+            wait_for(lambda: "window id" in self._output("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), "the window manager")
+        except BaseException:
+            self.__exit__()
+            raise
+        return self
+
+    def __exit__(self, *_):
+        for process in reversed(self.processes):
+            process.terminate()
+            process.wait()
+        self.folder.cleanup()
+
+    def _environment(self):
+        """The test's own, without what would lead to the user's desktop and files."""
+        environment = {name: value for name, value in os.environ.items() if not name.startswith(("QT_", "WAYLAND_", "XDG_"))}
+        for name, folder in {"XDG_RUNTIME_DIR": "run", "XDG_CONFIG_HOME": "config", "XDG_CACHE_HOME": "cache",
+                             "XDG_DATA_HOME": "data", "HOME": "home"}.items():
+            path = self.home / folder
+            path.mkdir(mode=0o700)
+            environment[name] = str(path)
+        environment["LC_ALL"] = "C.UTF-8"
+        return environment
+
+    def _start(self, command, **options):
+        log = open(self.home / f"{os.path.basename(command[0])}.log", "w")
+        process = subprocess.Popen(command, env=self.environment, stdin=subprocess.DEVNULL, stderr=log,
+                                   **{"stdout": log, **options})
+        log.close()
+        self.processes.append(process)
+        return process
+
+    def _start_display(self):
+        """Xvfb looks for a free number by itself, and writes it down when it is ready."""
+        reading, writing = os.pipe()
+        self._start(["Xvfb", "-displayfd", str(writing), "-screen", "0", self.screen, "-nolisten", "tcp", "-noreset", "-wr"],
+                    pass_fds=[writing])
+        os.close(writing)
+        with os.fdopen(reading) as pipe:
+            number = pipe.readline().strip()
+        if not number:
+            raise Timeout("Xvfb did not start: " + (self.home / "Xvfb.log").read_text())
+        return f":{number}"
+
+    def _start_bus(self):
+        bus = self._start(["dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address"], stdout=subprocess.PIPE,
+                          text=True)
+        address = bus.stdout.readline().strip()
+        bus.stdout.close()
+        return address
+
+    def _window_manager_settings(self):
+        path = self.home / "openbox.xml"
+        path.write_text('<openbox_config xmlns="http://openbox.org/3.4/rc"><focus><focusNew>yes</focusNew></focus>'
+                        "<theme><name>Clearlooks</name></theme></openbox_config>")
+        return str(path)
+
+    def _run(self, *command, **options):
+        return subprocess.run(command, env=self.environment, capture_output=True, text=True, timeout=PATIENCE, check=False,
+                              **options)
+
+    def _output(self, *command):
+        return self._run(*command).stdout
+
+    # Windows
+
+    def active_window(self):
+        return self._output("xdotool", "getactivewindow").strip()
+
+    def active_title(self):
+        return self._output("xdotool", "getactivewindow", "getwindowname").strip()
+
+    def windows(self, title):
+        """The ids of the visible windows whose title begins so."""
+        return self._output("xdotool", "search", "--onlyvisible", "--name", "^" + title).split()
+
+    def has_keyboard(self, title):
+        """Whether the window manager and the display agree that this window is the one."""
+        active = self.active_window()
+        focused = self._output("xdotool", "getwindowfocus").strip()
+        return active and active == focused and self.active_title() == title
+
+    def wait_for_window(self, title):
+        """Waits until this very title is that of the window with the keyboard."""
+        wait_for(lambda: self.has_keyboard(title), f"the window {title!r} (active: {self.active_title()!r})")
+
+    def activate(self, title):
+        """Brings the window with this very title to the front, as a task bar does."""
+        for window in self.windows(title.split(" — ")[0]):
+            if self._output("xdotool", "getwindowname", window).strip() == title:
+                self._run("xdotool", "windowactivate", window)
+        self.wait_for_window(title)
+
+    # Keys
+
+    def key(self, *keys):
+        self._run("xdotool", "key", *keys)
+
+    def type(self, text):
+        self._run("xdotool", "type", "--delay", "1", text)
+
+    def enter(self, *lines):
+        for line in lines:
+            self.type(line)
+            self.key("Return")
+
+    def click(self, window, x, y):
+        self._run("xdotool", "mousemove", "--window", window, str(x), str(y), "click", "1")
+
+    def open_and_close_menu(self, key):
+        """Opens a menu with the key and leaves it, and then the menu bar."""
+        before = self._shown()
+        self.key(key)
+        wait_for(lambda: self._shown() > before, "the menu")
+        self.key("Escape")
+        wait_for(lambda: self._shown() == before, "the end of the menu")
+        self.key("Escape")
+
+    def _shown(self):
+        """The visible windows of the program, menus included."""
+        return set(self._output("xdotool", "search", "--onlyvisible", "--class", "tallix").split())
+
+    def set_keyboard(self, *arguments):
+        self._run("setxkbmap", *arguments)
+
+    # Clipboard
+
+    def copied(self, *keys):
+        """What the keys put into the clipboard."""
+        marker = "nothing was copied"
+        # It stays in the background to offer the text, so its output must not be waited for.
+        subprocess.run(["xclip", "-selection", "clipboard", "-in"], env=self.environment, input=marker, text=True,
+                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=PATIENCE, check=True)
+        wait_for(lambda: self._clipboard() == marker, "a clipboard of our own")
+        self.key(*keys)
+        return wait_for(lambda: (text := self._clipboard()) != marker and text, "something in the clipboard")
+
+    def _clipboard(self):
+        return self._output("xclip", "-selection", "clipboard", "-out")
+
+    def line(self):
+        """The text of the entry line; afterwards it is selected."""
+        return self.copied("ctrl+a", "ctrl+c")
+
+    def history(self):
+        """The text of the history; afterwards the caret is in the entry line again."""
+        text = self.copied("Tab", "ctrl+a", "ctrl+c")
+        self.key("shift+Tab")
+        return text
+
+    # Pictures
+
+    def place(self, window):
+        """Left and upper edge, width and height of a window without its frame."""
+        text = self._output("xwininfo", "-id", window)
+        names = ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height")
+        return tuple(int(re.search(rf"{name}: *(-?\d+)", text)[1]) for name in names)
+
+    def picture(self, path, area):
+        """What is on the screen, in a rectangle given by width, height, left and upper edge."""
+        result = self._run("import", "-window", "root", "-crop", "{}x{}+{}+{}".format(*area), "+repage", str(path))
+        if result.returncode != 0:
+            raise Timeout("no picture: " + result.stderr)
+
+
+class Program:
+    """A program on a desktop, from its start to its end."""
+
+    def __init__(self, desktop, command):
+        self.desktop = desktop
+        self.command = command
+
+    def __enter__(self):
+        self.errors = open(self.desktop.home / "program.err", "w+")
+        self.process = subprocess.Popen(self.command, env=self.desktop.environment, stdin=subprocess.DEVNULL,
+                                        stdout=self.errors, stderr=self.errors)
+        return self
+
+    def __exit__(self, *_):
+        if self.process.poll() is None:
+            self.process.send_signal(signal.SIGKILL)
+            self.process.wait()
+        self.errors.close()
+
+    def outcome(self):
+        """Waits for the end; the exit status and all that the program wrote."""
+        status = self.process.wait(PATIENCE)
+        self.errors.seek(0)
+        return status, self.errors.read()

@@ -1,0 +1,233 @@
+"""The built program on a real display, used by keyboard as a person does. TALLIX_PROGRAM says which program."""
+
+import os
+import unittest
+
+from desktop import Desktop, Program, wait_for
+
+FIRST = "Untitled — Tallix"
+SECOND = "Untitled 2 — Tallix"
+
+
+class SessionTest(unittest.TestCase):
+    """Each test has a desktop of its own, with the program's first window in front."""
+
+    def setUp(self):
+        self.desktop = self.enterContext(Desktop())
+        self.program = self.enterContext(Program(self.desktop, [os.environ["TALLIX_PROGRAM"]]))
+        self.desktop.wait_for_window(FIRST)
+
+    def assert_quits_after(self, *keys):
+        self.desktop.key(*keys)
+        self.assertEqual(self.program.outcome(), (0, ""))
+
+
+class WholeSession(SessionTest):
+    HISTORY = (
+        "2+3\n\t= 5\n\n"
+        "ans1+4\n\t= 9\n\n"
+        "x=4\n\tx = 4\n\n"
+        "sqrt(16\n\tError: There is an open parenthesis in the equation -- you are missing a ).\n\n"
+        "x=4\n\tx = 4\n\n"
+        "sqrt(16)\n\t= 4"
+    )
+
+    def test_from_the_first_line_to_ctrl_q(self):
+        desktop = self.desktop
+        desktop.enter("2+3", "+4", "x=4", "sqrt(16")
+        # After a calculation the first step goes past the formula that is still shown.
+        desktop.key("alt+Up")
+        desktop.enter("")
+        desktop.key("alt+Up", "alt+Up", "alt+Down")
+        desktop.enter(")")
+        self.assertEqual(desktop.history(), self.HISTORY)
+        self.assertEqual(desktop.line(), "sqrt(16)")
+
+        desktop.key("ctrl+n")
+        desktop.wait_for_window(SECOND)
+        desktop.enter("1+1")
+        self.assertEqual(desktop.history(), "1+1\n\t= 2")
+        self.assert_quits_after("ctrl+q")
+
+    def test_ends_when_the_last_window_is_closed(self):
+        desktop = self.desktop
+        desktop.key("ctrl+n")
+        desktop.wait_for_window(SECOND)
+        desktop.key("ctrl+w")
+        desktop.wait_for_window(FIRST)
+        desktop.enter("2+3")
+        self.assertEqual(desktop.history(), "2+3\n\t= 5")
+        desktop.key("ctrl+comma")
+        desktop.wait_for_window("Preferences — Tallix")
+        desktop.key("Escape")
+        desktop.wait_for_window(FIRST)
+        self.assert_quits_after("ctrl+w")
+
+    def test_ends_with_panels_preferences_and_an_alert_open(self):
+        desktop = self.desktop
+        desktop.key("ctrl+shift+g")
+        wait_for(lambda: desktop.windows("Greek Letters"), "the Greek letters")
+        desktop.key("ctrl+comma")
+        desktop.wait_for_window("Preferences — Tallix")
+        desktop.key("alt+F4")  # of the window manager
+        desktop.wait_for_window(FIRST)
+        desktop.key("ctrl+comma")
+        desktop.wait_for_window("Preferences — Tallix")
+        desktop.activate(FIRST)
+        desktop.key("ctrl+n")
+        desktop.wait_for_window(SECOND)
+        desktop.key("ctrl+s")
+        wait_for(lambda: desktop.active_title() == "Tallix", "the alert")
+        desktop.activate(FIRST)
+        self.assert_quits_after("ctrl+q")
+
+    def test_answers_save_with_an_alert_that_esc_closes(self):
+        desktop = self.desktop
+        desktop.type("2+3")
+        for key in ("Escape", "Return"):
+            desktop.key("ctrl+s")
+            wait_for(lambda: desktop.active_title() == "Tallix", "the alert")
+            desktop.key(key)
+            desktop.wait_for_window(FIRST)
+        desktop.enter("*2")
+        self.assertEqual(desktop.history(), "2+3*2\n\t= 8")
+        self.assert_quits_after("ctrl+q")
+
+
+class Keys(SessionTest):
+    """Which keys end the continuation from the last answer: right after 2+3, "+" gives "ans+" when they did not."""
+
+    def assert_continues_after(self, *keys, then="+", line="ans+"):
+        with self.subTest(keys=keys):
+            self.desktop.key("ctrl+a")
+            self.desktop.enter("2+3")
+            self.desktop.key(*keys)
+            self.desktop.type(then)
+            self.assertEqual(self.desktop.line(), line)
+
+    def test_modifiers_and_locks_alone_clear_nothing(self):
+        for key in ("Shift_L", "Shift_R", "Control_L", "Control_R", "Alt_L", "Super_L"):
+            self.assert_continues_after(key)
+        for lock in ("Caps_Lock", "Num_Lock", "Scroll_Lock"):
+            self.assert_continues_after(lock, lock)
+        self.assert_continues_after("Alt_L", "Alt_L", "Shift_L", "Control_L")
+
+    def test_level_shift_alone_clears_nothing(self):
+        self.desktop.set_keyboard("de")
+        self.assert_continues_after("ISO_Level3_Shift")
+
+    def test_dead_keys_clear_nothing_and_type_operators(self):
+        self.desktop.set_keyboard("us", "-variant", "intl")
+        self.assert_continues_after("dead_circumflex", "space", then="", line="ans^")
+        self.assert_continues_after("dead_circumflex", "dead_circumflex", then="2", line="ans^2")
+
+    def test_the_compose_key_clears_nothing(self):
+        self.desktop.set_keyboard("us", "-option", "compose:menu")
+        self.assert_continues_after("Multi_key", "greater", "space", then="", line="ans^")
+        self.assert_continues_after("Multi_key", "plus", "plus", then="", line="#")
+
+    def test_keys_of_commands_clear_nothing(self):
+        self.assert_continues_after("ctrl+c")
+
+    def test_filling_the_screen_clears_nothing(self):
+        desktop = self.desktop
+        window = desktop.active_window()
+        place = desktop.place(window)
+        desktop.enter("2+3")
+        desktop.key("F11")
+        wait_for(lambda: desktop.place(window) == (0, 0, 1280, 1024), "a window as large as the screen")
+        desktop.key("F11")
+        wait_for(lambda: desktop.place(window) == place, "the window in its old place")
+        desktop.wait_for_window(FIRST)
+        desktop.type("+")
+        self.assertEqual(desktop.line(), "ans+")
+
+    def test_opening_a_menu_clears_nothing(self):
+        desktop = self.desktop
+        desktop.enter("2+3")
+        desktop.open_and_close_menu("F10")
+        desktop.type("+")
+        self.assertEqual(desktop.line(), "ans+")
+
+    def test_other_keys_do(self):
+        self.assert_continues_after("Home", line="+2+3")
+        self.assert_continues_after("shift+Left", line="+3")
+        self.assert_continues_after("alt+Up", "alt+Down", line="2+3+")
+        self.assert_continues_after("BackSpace", line="+")
+
+    def test_the_step_to_the_working_line_does_not(self):
+        self.assert_continues_after("alt+Down")
+
+    def test_keypad_types_too(self):
+        self.desktop.key("KP_2", "KP_Add", "KP_3", "KP_Enter", "KP_Multiply", "KP_4", "KP_Enter", "KP_Divide", "KP_2",
+                         "shift+Return", "1", "KP_Decimal", "5", "shift+KP_Enter")
+        self.assertEqual(self.desktop.history(), "2+3\n\t= 5\n\nans1*4\n\t= 20\n\nans2/2\n\t= 10\n\n1.5\n\t= 1.5")
+
+
+class Focus(SessionTest):
+    def test_stays_in_the_line_after_alt_alone(self):
+        self.desktop.type("1")
+        self.desktop.key("Alt_L")
+        self.desktop.type("2")
+        self.assertEqual(self.desktop.line(), "12")
+
+    def test_goes_to_the_menus_and_comes_back(self):
+        self.desktop.type("1")
+        self.desktop.open_and_close_menu("F10")
+        self.desktop.type("2")
+        self.desktop.open_and_close_menu("alt+f")
+        self.desktop.type("3")
+        self.assertEqual(self.desktop.line(), "123")
+
+    def test_goes_to_the_greek_letters_by_f6_only(self):
+        desktop = self.desktop
+        desktop.enter("2+3")
+        desktop.key("ctrl+shift+g")
+        panel = wait_for(lambda: desktop.windows("Greek Letters"), "the Greek letters")[0]
+        desktop.type("+")  # it went to the line, and right after the calculation
+        self.assertEqual(desktop.line(), "ans+")
+        desktop.key("End")
+        desktop.click(panel, 27, 27)
+        wait_for(lambda: desktop.line() == "ans+α", "the letter")
+        self.assertTrue(desktop.has_keyboard(FIRST))
+        desktop.key("End", "F6")
+        desktop.wait_for_window("Greek Letters — Tallix")
+        desktop.key("Right", "Down", "Return", "Escape")
+        desktop.wait_for_window(FIRST)
+        desktop.type("=")
+        self.assertEqual(desktop.line(), "ans+αξ=")
+        desktop.key("F6")
+        desktop.wait_for_window("Greek Letters — Tallix")
+        desktop.key("F6")
+        desktop.wait_for_window(FIRST)
+        self.assert_quits_after("ctrl+q")
+
+
+class Settings(unittest.TestCase):
+    """Files that no program should stumble over."""
+
+    def start_with(self, prepare):
+        with Desktop() as desktop:
+            folder = desktop.home / "config" / "Tallix"
+            folder.mkdir()
+            prepare(folder / "tallix.conf")
+            with Program(desktop, [os.environ["TALLIX_PROGRAM"]]) as program:
+                desktop.wait_for_window(FIRST)
+                desktop.enter("2+3")
+                self.assertEqual(desktop.history(), "2+3\n\t= 5")
+                desktop.key("ctrl+q")
+                self.assertEqual(program.outcome(), (0, ""))
+
+    def test_no_text(self):
+        self.start_with(lambda path: path.write_bytes(bytes(range(256)) * 100))
+
+    def test_a_folder_in_its_place(self):
+        self.start_with(lambda path: path.mkdir())
+
+    def test_another_programs_values(self):
+        self.start_with(lambda path: path.write_text("[General]\nTXPreferenceRevision=@Variant(\\0\\0\\0\\x7f\\0\\0\\0\\x5zork\\0)\n"
+                                                     "TXExponentsCharacter=a, b\nTXThousandsSeparatorCharacter=@Point(1 2)\n"))
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)

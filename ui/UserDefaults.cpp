@@ -1,0 +1,72 @@
+#include "ui/UserDefaults.h"
+
+#include <QFileInfo>
+
+#include "ui/SilencedMessages.h"
+
+namespace {
+
+/// Whether the value is one text, number or Boolean: an unquoted comma in the file makes it a list.
+bool isSingle(const QVariant& value) {
+    switch (value.typeId()) {
+        case QMetaType::QString:
+        case QMetaType::Int:
+        case QMetaType::UInt:
+        case QMetaType::LongLong:
+        case QMetaType::ULongLong:
+        case QMetaType::Double:
+        case QMetaType::Bool: return true;
+        default: return false;
+    }
+}
+
+/// Where the defaults are stored. A device, such as a link to one that throws everything away, would be replaced by a
+/// file when something is stored; nothing can be, below it.
+QString storePath() {
+    const QString path = QSettings().fileName();
+    const QFileInfo store(path);
+    return store.exists() && !store.isFile() && !store.isDir() ? path + "/none" : path;
+}
+
+QString interfaceKey(const QString& key) { return "interface/" + key; }
+
+}  // namespace
+
+// By its path, since what is stored for all users or for all programs of the organisation is none of this user's
+// choices.
+UserDefaults::UserDefaults() : settings_(storePath(), QSettings::NativeFormat) {}
+
+int UserDefaults::integerForKey(const char* key) const {
+    const QVariant value = valueForKey(key);
+    return isSingle(value) ? value.toString().toInt() : 0;
+}
+
+void UserDefaults::setInteger(int number, const char* key) { settings_.setValue(key, number); }
+
+QString UserDefaults::stringForKey(const char* key) const {
+    const QVariant value = valueForKey(key);
+    return isSingle(value) ? value.toString() : QString();
+}
+
+void UserDefaults::setString(const QString& text, const char* key) { settings_.setValue(key, text); }
+
+bool UserDefaults::boolForKey(const char* key, bool fallback) const {
+    const QString text = stringForKey(key).toLower();
+    if (text == "true" || text == "1") return true;
+    if (text == "false" || text == "0") return false;
+    return fallback;
+}
+
+void UserDefaults::setBool(bool isTrue, const char* key) { settings_.setValue(key, isTrue); }
+
+QVariant UserDefaults::interfaceValueForKey(const QString& key) const { return valueForKey(interfaceKey(key)); }
+
+void UserDefaults::setInterfaceValue(const QVariant& value, const QString& key) {
+    settings_.setValue(interfaceKey(key), value);
+}
+
+QVariant UserDefaults::valueForKey(const QString& key) const {
+    // A file written by something else may hold types that Qt complains about.
+    const SilencedMessages silenced;
+    return settings_.value(key);
+}

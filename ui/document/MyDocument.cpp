@@ -1,0 +1,169 @@
+#include "ui/document/MyDocument.h"
+
+#include <QEvent>
+#include <algorithm>
+
+#include "ui/UserDefaults.h"
+#include "ui/document/MiniModeAnswerField.h"
+#include "ui/document/TXFormulaEnteringMiniModeTextField.h"
+#include "ui/document/TXFormulaEnteringTextView.h"
+#include "ui/document/TXHistoryViewerTextView.h"
+#include "ui/document/TXWindow.h"
+#include "ui_MiniWindow.h"
+#include "ui_MyDocument.h"
+
+TXVariableArray* globalVariableArray = nullptr;  // NOLINT(cppcoreguidelines-avoid-non-const-global-variables)
+
+namespace {
+
+constexpr double entryPointSize = 15.0;
+constexpr double miniEntryPointSize = 13.0;
+constexpr QColor miniBackground(0x2A, 0x2B, 0x2F);
+constexpr float shadowOpacity = 0.6F;
+
+QFont sized(QFont font, double points) {
+    font.setPointSizeF(points);
+    return font;
+}
+
+QFont fontNamed(const QString& family, double points) {
+    QFont font(family);
+    font.setStyleHint(QFont::SansSerif);  // where the family is missing
+    return sized(font, points);
+}
+
+}  // namespace
+
+MyDocument::MyDocument(QObject* parent)
+    : QObject(parent), ui_(std::make_unique<Ui::MyDocument>()), miniUi_(std::make_unique<Ui::MiniWindow>()) {
+    init();
+    loadWindows();
+    windowControllerDidLoadNib();
+}
+
+MyDocument::~MyDocument() {
+    if (globalVariableArray == &documentEquationController_.variableArray()) globalVariableArray = nullptr;
+}
+
+void MyDocument::init() {
+    currentWidth_ = 200.0F;
+    secondaryCurrentWidth_ = 50.0F;
+    documentFont_ = fontNamed(QStringLiteral("Helvetica"), 12.0);
+    answerFormatting_ = 0;
+    globalVariableArray = &documentEquationController_.variableArray();
+    documentNumberFormatter_.setNumberFormatterSettings(&documentNumberFormatterSettings_);
+    variableArray_ = &documentEquationController_.variableArray();
+}
+
+void MyDocument::loadWindows() {
+    documentWindow_ = std::make_unique<TXWindow>();
+    ui_->setupUi(documentWindow_.get());
+    miniWindow_ = std::make_unique<QWidget>();
+    miniUi_->setupUi(miniWindow_.get());
+    ui_->secondarySplitView->setSizes({documentWindow_->height(), qRound(secondaryCurrentWidth_)});
+
+    mainField()->setFont(documentFont_);
+    mainField()->awakeFromNib();
+    formulaTextView()->setFont(sized(documentFont_, entryPointSize));
+    ui_->secondaryControlledView->setBackgroundRole(QPalette::Base);  // one sheet with the history
+    prepareMiniWindow();
+    for (TXFormulaEnteringTextView* entry :
+         std::initializer_list<TXFormulaEnteringTextView*>{formulaTextView(), miniModeformulaTextView()}) {
+        entry->setParentDocument(this);
+        entry->awakeFromNib();
+    }
+    fixHeightOfMiniWindow();
+}
+
+// The mini window is dark on every desktop.
+void MyDocument::prepareMiniWindow() {
+    QPalette colors = miniWindow_->palette();
+    colors.setColor(QPalette::Window, miniBackground);
+    colors.setColor(QPalette::Base, miniBackground);
+    colors.setColor(QPalette::WindowText, Qt::white);
+    miniWindow_->setPalette(colors);
+    miniModeformulaTextView()->setFont(sized(documentFont_, miniEntryPointSize));
+}
+
+// With the fonts known: only the width is the user's to change.
+void MyDocument::fixHeightOfMiniWindow() {
+    miniWindow_->setFixedHeight(std::max(miniWindow_->height(), miniUi_->miniLayout->minimumSize().height()));
+}
+
+void MyDocument::windowControllerDidLoadNib() {
+    takeUserDefaults();
+    mainField()->setEditable(false);
+    documentWindow_->setDocumentController(this);
+    documentWindow_->installEventFilter(this);
+    miniWindow_->installEventFilter(this);
+    miniModeformulaTextView()->setTypedTextShadow({QColor::fromRgbF(0.0F, 0.0F, 0.0F, shadowOpacity), {0.0, 1.0}});
+    miniModeformulaTextView()->setTextColor(Qt::white);
+    miniModeAnswerField()->setFrameShadow(QFrame::Sunken);
+}
+
+void MyDocument::takeUserDefaults() {
+    const UserDefaults defaults;
+    const bool usesRadians = defaults.boolForKey(TXUserDefaultsKey::usesRadiansForNewDocuments, true);
+    const std::u16string exponentCharacter =
+        defaults.stringForKey(TXUserDefaultsKey::exponentsCharacter).toStdU16String();
+    const std::u16string thousandsCharacter =
+        defaults.stringForKey(TXUserDefaultsKey::thousandsSeparatorCharacter).toStdU16String();
+    documentEquationController_.setUseRadians(usesRadians);
+    if (exponentCharacter == u"E") documentNumberFormatterSettings_.setExponentCharacter(u"E");
+    // Whatever else is stored, the settings' own characters stay.
+    if (thousandsCharacter == u" " || thousandsCharacter == u"'") {
+        documentNumberFormatterSettings_.setThousandsCharacter(thousandsCharacter);
+    }
+}
+
+void MyDocument::showWindow() {
+    QWidget* window = activeWindow();
+    if (window->isVisible()) window->raise();
+    window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+    window->show();
+    window->activateWindow();
+    activeFormulaTextView()->setFocus();
+}
+
+void MyDocument::close() { activeWindow()->close(); }
+
+bool MyDocument::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::WindowActivate) emit activated();
+    if (event->type() == QEvent::Close) emit closed();
+    return QObject::eventFilter(watched, event);
+}
+
+void MyDocument::changeThousandsSeparatorCharacter(std::int32_t choice) {
+    switch (choice) {
+        case 0: documentNumberFormatterSettings_.setThousandsCharacter(u","); break;
+        case 1: documentNumberFormatterSettings_.setThousandsCharacter(u" "); break;
+        case 2: documentNumberFormatterSettings_.setThousandsCharacter(u"'"); break;
+        default: break;
+    }
+}
+
+void MyDocument::changeExponentCharacter(std::int32_t choice) {
+    switch (choice) {
+        case 0: documentNumberFormatterSettings_.setExponentCharacter(u"e"); break;
+        case 1: documentNumberFormatterSettings_.setExponentCharacter(u"E"); break;
+        default: break;
+    }
+}
+
+TXHistoryViewerTextView* MyDocument::mainField() const { return ui_->mainField; }
+
+TXFormulaEnteringTextView* MyDocument::formulaTextView() const { return ui_->formulaTextView; }
+
+TXFormulaEnteringMiniModeTextField* MyDocument::miniModeformulaTextView() const {
+    return miniUi_->miniModeformulaTextView;
+}
+
+MiniModeAnswerField* MyDocument::miniModeAnswerField() const { return miniUi_->miniModeAnswerField; }
+
+TXFormulaEnteringTextView* MyDocument::activeFormulaTextView() const {
+    return isSmallWindowShown_ ? miniModeformulaTextView() : formulaTextView();
+}
+
+QWidget* MyDocument::activeWindow() const {
+    return isSmallWindowShown_ ? miniWindow_.get() : static_cast<QWidget*>(documentWindow_.get());
+}

@@ -1,0 +1,153 @@
+#pragma once
+
+#include <QByteArray>
+#include <QFont>
+#include <QObject>
+#include <QTextDocumentFragment>
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+#include "engine/controller/TXEquationController.h"
+#include "format/TXNumberFormatter.h"
+#include "format/TXNumberFormatterSettings.h"
+#include "ui/document/TXFormulaScrollerController.h"
+
+class MiniModeAnswerField;
+class TXFormulaEnteringMiniModeTextField;
+class TXFormulaEnteringTextView;
+class TXHistoryViewerTextView;
+class TXWindow;
+
+namespace Ui {
+class MiniWindow;
+class MyDocument;
+}  // namespace Ui
+
+/// The variables of the document that was made last; nullptr once that one is gone. Documents set it, nobody else.
+extern TXVariableArray* globalVariableArray;  // NOLINT(cppcoreguidelines-avoid-non-const-global-variables)
+
+/// One calculator: its session, and the windows in which a person works with it.
+///
+///     MyDocument document;      // takes the angle unit and the characters from the user defaults
+///     document.showWindow();    // the caret is in the entry line
+///
+/// The history exists only in the window: nothing is ever saved.
+class MyDocument : public QObject {
+    Q_OBJECT
+
+public:
+    explicit MyDocument(QObject* parent = nullptr);
+    ~MyDocument() override;
+
+    /// The name of the window's layout.
+    static QString windowNibName() { return QStringLiteral("MyDocument"); }
+    /// Makes the loaded windows ready: takes over the user defaults, and sets up the views.
+    void windowControllerDidLoadNib();
+
+    /// Shows the active window in front of the others, with the caret in its entry line.
+    void showWindow();
+    /// Closes the active window, and with it the document.
+    void close();
+
+    /// Calculates the line of the active entry and adds it, with its answer or its error, to the history. A blank line
+    /// changes nothing. The line stays, wholly selected.
+    void equationEntered();
+
+    /// Types `text` into the line of the full window, which then has the focus.
+    void insertTextIntoEnteringBox(const QString& text) const;
+    /// Brings the formula before the present one back into the active entry, or beeps.
+    void optionArrowMoveToPreviousFormula();
+    /// Brings the formula after the present one back, or beeps; right after a calculation it empties the line.
+    void optionArrowMoveToNextFormula();
+
+    /// Documents cannot be saved or opened: these two beep and say so.
+    void saveDocument();
+    void openDocument();
+    /// No data, of whatever type.
+    static std::optional<QByteArray> dataRepresentationOfType(const QString& typeName);
+    /// Reads `stringForFile` and `variableArray` from an archive, a CBOR map with the keys "testKey" (a text) and
+    /// "variableArray" (a list of maps: "variableName", a text, and perhaps "number", "isLocked" and "isAutoCached").
+    /// What the data does not hold is empty afterwards. Neither the window nor the session is told. Always true.
+    bool loadDataRepresentation(const QByteArray& data, const QString& typeName);
+
+    /// Asks how to print the history, in a sheet of the window, and prints it.
+    void printDocument() const;
+
+    /// Chooses the character between groups of digits: 0 ",", 1 " ", 2 "'". Any other choice does nothing.
+    void changeThousandsSeparatorCharacter(std::int32_t choice);
+    /// Chooses the exponent character: 0 "e", 1 "E". Any other choice does nothing.
+    void changeExponentCharacter(std::int32_t choice);
+
+    TXWindow* documentWindow() const { return documentWindow_.get(); }
+    QWidget* miniWindow() const { return miniWindow_.get(); }
+    TXHistoryViewerTextView* mainField() const;
+    TXFormulaEnteringTextView* formulaTextView() const;
+    TXFormulaEnteringMiniModeTextField* miniModeformulaTextView() const;
+    MiniModeAnswerField* miniModeAnswerField() const;
+    /// The entry line of the window in use.
+    TXFormulaEnteringTextView* activeFormulaTextView() const;
+
+    TXFormulaScrollerController& documentFormulaScrollerController() { return documentFormulaScrollerController_; }
+    TXEquationController& documentEquationController() { return documentEquationController_; }
+    TXNumberFormatter& documentNumberFormatter() { return documentNumberFormatter_; }
+    TXNumberFormatterSettings& documentNumberFormatterSettings() { return documentNumberFormatterSettings_; }
+    /// The session's own list, or the one that was loaded.
+    const TXVariableArray& variableArray() const { return *variableArray_; }
+    const QTextDocumentFragment& stringForFile() const { return stringForFile_; }
+    /// There is none: nullptr.
+    static QWidget* variableSearchField() { return nullptr; }
+
+    /// The widths and heights that panes keep, and the answer format, as they are at the start.
+    float currentWidth() const { return currentWidth_; }
+    float secondaryCurrentWidth() const { return secondaryCurrentWidth_; }
+    std::int32_t answerFormatting() const { return answerFormatting_; }
+    const QFont& documentFont() const { return documentFont_; }
+
+    /// Whether the mini window is the one in use.
+    bool isSmallWindowShown() const { return isSmallWindowShown_; }
+    void setIsSmallWindowShown(bool isShown) { isSmallWindowShown_ = isShown; }
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+signals:
+    /// One of the document's windows became the active one.
+    void activated();
+    /// The document's window was closed: the document has done its work.
+    void closed();
+
+private:
+    struct Answer;
+
+    void init();
+    void loadWindows();
+    void prepareMiniWindow();
+    void fixHeightOfMiniWindow();
+    void takeUserDefaults();
+    QWidget* activeWindow() const;
+    QString variableNameOf(const TXResult& result) const;
+    Answer answerOf(const TXResult& result);
+    void appendToHistory(const Answer& answer);
+    void showInMiniWindow(const Answer& answer) const;
+    void showSorry(const QString& message);
+
+    std::unique_ptr<Ui::MyDocument> ui_;
+    std::unique_ptr<Ui::MiniWindow> miniUi_;
+
+    TXEquationController documentEquationController_;
+    TXNumberFormatterSettings documentNumberFormatterSettings_;
+    TXNumberFormatter documentNumberFormatter_;
+    const TXVariableArray* variableArray_ = nullptr;
+    std::unique_ptr<TXVariableArray> loadedVariableArray_;
+    QTextDocumentFragment stringForFile_;
+    TXFormulaScrollerController documentFormulaScrollerController_;
+    QFont documentFont_;
+    float currentWidth_ = 0.0F;
+    float secondaryCurrentWidth_ = 0.0F;
+    std::int32_t answerFormatting_ = 0;
+    bool isSmallWindowShown_ = false;
+
+    // Last, so that the windows go first.
+    std::unique_ptr<TXWindow> documentWindow_;
+    std::unique_ptr<QWidget> miniWindow_;
+};

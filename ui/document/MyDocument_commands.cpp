@@ -1,0 +1,65 @@
+// The document's commands of the File menu.
+
+#include "ui/document/MyDocument.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPointer>
+#include <QPrintDialog>
+#include <QPrinter>
+
+#include "ui/document/TXHistoryViewerTextView.h"
+#include "ui/document/TXWindow.h"
+#include "ui/document/beep.h"
+
+namespace {
+
+constexpr auto savingMessage =
+    "Unfortunately, saving documents is not currently enabled.  Once the internals of the program stabilize, it will "
+    "be put in the program.\n\nHowever, note that you can copy the equation history into a program like TextEdit (in "
+    "the applications folder), and save it as a text file.";
+constexpr auto openingMessage =
+    "Unfortunately, opening/saving documents is not currently enabled.  Once the internals of the program stabilize, "
+    "it will be put in the program.";
+
+/// The printer with the settings that all documents share. It goes with the application: afterwards there is nothing to
+/// print with.
+QPrinter& sharedPrinter() {
+    struct Holder : QObject {
+        using QObject::QObject;
+        QPrinter printer{QPrinter::HighResolution};
+    };
+    static QPointer<Holder> holder;
+    if (holder.isNull()) holder = new Holder(qApp);
+    return holder->printer;
+}
+
+}  // namespace
+
+void MyDocument::saveDocument() { showSorry(savingMessage); }
+
+void MyDocument::openDocument() { showSorry(openingMessage); }
+
+void MyDocument::showSorry(const QString& message) {
+    beep();
+    auto* alert =
+        new QMessageBox(QMessageBox::Information, QString(), QStringLiteral("Sorry"), QMessageBox::Ok, activeWindow());
+    alert->setAttribute(Qt::WA_DeleteOnClose);
+    alert->setTextFormat(Qt::PlainText);
+    alert->setInformativeText(message);
+    alert->setDefaultButton(QMessageBox::Ok);
+    if (auto* title = alert->findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))) {
+        QFont bold = title->font();
+        bold.setBold(true);
+        title->setFont(bold);
+    }
+    alert->open();
+}
+
+void MyDocument::printDocument() const {
+    auto* dialog = new QPrintDialog(&sharedPrinter(), documentWindow());
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, qOverload<QPrinter*>(&QPrintDialog::accepted), mainField(), &QTextEdit::print);
+    dialog->open();
+}

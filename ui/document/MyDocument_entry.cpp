@@ -1,0 +1,136 @@
+// From the entry line to the history, and back from the scrollback into the entry line.
+
+#include "ui/document/MyDocument.h"
+
+#include <QTextCharFormat>
+
+#include "ui/document/MiniModeAnswerField.h"
+#include "ui/document/TXFormulaEnteringMiniModeTextField.h"
+#include "ui/document/TXHistoryViewerTextView.h"
+
+namespace {
+
+using LineKind = TXHistoryViewerTextView::LineKind;
+
+constexpr double answerPointSize = 18.0;
+constexpr double errorPointSize = 12.0;
+
+std::u16string_view viewOf(QStringView text) { return {text.utf16(), static_cast<std::size_t>(text.size())}; }
+
+QString stringOf(std::u16string_view text) {
+    return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+QTextCharFormat colored(float red, float green, float blue) {
+    QTextCharFormat attributes;
+    attributes.setForeground(QColor::fromRgbF(red, green, blue, 1.0F));
+    return attributes;
+}
+
+/// How the lines of the history look.
+struct LineAttributes {
+    QTextCharFormat answer = colored(0.094F, 0.094F, 0.83F);
+    QTextCharFormat equation = colored(0.0F, 0.0F, 0.0F);
+    QTextCharFormat error = colored(0.83F, 0.094F, 0.094F);
+};
+
+}  // namespace
+
+/// What is shown for a result.
+struct MyDocument::Answer {
+    QString historyLine;
+    QString miniForm;
+    bool isError = false;
+};
+
+void MyDocument::equationEntered() {
+    TXFormulaEnteringTextView* entry = activeFormulaTextView();
+    const QString line = entry->text();
+    const TXResult* result = documentEquationController_.addOneStringBlindly(viewOf(line));
+    if (result == nullptr) return;
+    const Answer answer = answerOf(*result);
+    appendToHistory(answer);
+    if (isSmallWindowShown_) showInMiniWindow(answer);
+    documentFormulaScrollerController_.addCalculatedString(entry->text());
+    entry->selectWholeText();
+}
+
+MyDocument::Answer MyDocument::answerOf(const TXResult& result) {
+    if (result.isErrorMessage()) {
+        const QString error = "Error: " + stringOf(result.errorMessage());
+        return {"\t" + error, error, true};
+    }
+    const QString number = stringOf(documentNumberFormatter_.formattedViewForNumber(result.number()));
+    if (result.variableToAssign() == -1) return {"\t= " + number, number};
+    const QString assignment = variableNameOf(result) + " = " + number;
+    return {"\t" + assignment, assignment};
+}
+
+// A list that was loaded need not know the session's variable.
+QString MyDocument::variableNameOf(const TXResult& result) const {
+    const std::int32_t position = result.variableToAssign();
+    for (const TXVariableArray* variables : {variableArray_, &documentEquationController_.variableArray()}) {
+        if (variables->holds(position)) return stringOf((*variables)[position].variableName());
+    }
+    return {};
+}
+
+void MyDocument::appendToHistory(const Answer& answer) {
+    const LineAttributes attributes;
+    const QString equation = stringOf(documentEquationController_.equationsArray().back().masterString());
+    TXHistoryViewerTextView* history = mainField();
+    history->setEditable(true);
+    history->moveInsertionPointToEnd();
+    if (!history->document()->isEmpty()) history->insertLineBreak();
+    history->insertLine(equation, LineKind::equation, attributes.equation);
+    if (answer.isError) {
+        history->insertLine(answer.historyLine, LineKind::error, attributes.error);
+    } else {
+        history->insertLine(answer.historyLine, LineKind::answer, attributes.answer);
+    }
+    history->setEditable(false);
+    history->scrollToEnd();
+}
+
+void MyDocument::showInMiniWindow(const Answer& answer) const {
+    QFont font(QStringLiteral("Arial"));
+    font.setStyleHint(QFont::SansSerif);
+    font.setPointSizeF(answer.isError ? errorPointSize : answerPointSize);
+    MiniModeAnswerField* field = miniModeAnswerField();
+    field->setFont(font);
+    if (answer.isError) {
+        field->showError(answer.miniForm);
+    } else {
+        field->showAnswer(answer.miniForm);
+    }
+}
+
+void MyDocument::insertTextIntoEnteringBox(const QString& text) const {
+    formulaTextView()->insertText(text);
+    formulaTextView()->setFocus();
+}
+
+// After a calculation the line still shows the newest formula: the first step lands on it, the second moves past it.
+void MyDocument::optionArrowMoveToPreviousFormula() {
+    TXFormulaEnteringTextView* entry = activeFormulaTextView();
+    const bool wasJustCalculated = entry->wasFormulaJustCalculated();
+    const QString from = wasJustCalculated ? QString() : entry->text();
+    auto formula = documentFormulaScrollerController_.stringForPreviousIndexFromString(from, true);
+    if (wasJustCalculated && formula) {
+        formula = documentFormulaScrollerController_.stringForPreviousIndexFromString(*formula, false);
+    }
+    if (formula) entry->setText(*formula);
+}
+
+void MyDocument::optionArrowMoveToNextFormula() {
+    TXFormulaEnteringTextView* entry = activeFormulaTextView();
+    std::optional<QString> formula;
+    if (entry->wasFormulaJustCalculated()) {
+        formula = QString();
+        documentFormulaScrollerController_.incrementCurrentIndexToLastIndex();
+        entry->setWasFormulaJustCalculated(false);
+    } else {
+        formula = documentFormulaScrollerController_.stringForNextIndexFromString(entry->text(), true);
+    }
+    if (formula) entry->setText(*formula);
+}

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <QPlainTextEdit>
+
+class MyDocument;
+
+/// The entry line of a document: one line of plain text that is calculated with Return.
+///
+/// Right after a calculation, an operator typed as the first key continues from the last answer: "+" becomes "ans+".
+/// Two flags keep track of what "right after" means. Whatever the program itself does to caret and selection leaves
+/// them alone.
+class TXFormulaEnteringTextView : public QPlainTextEdit {
+    Q_OBJECT
+
+public:
+    explicit TXFormulaEnteringTextView(QWidget* parent = nullptr);
+
+    /// Sets the insets, 0 at the sides and 1 above and below, and the flag for a line not yet calculated.
+    virtual void awakeFromNib();
+
+    /// The document is not owned, and must outlive what is typed here.
+    MyDocument* parentDocument() const { return parentDocument_; }
+    void setParentDocument(MyDocument* parentDocument) { parentDocument_ = parentDocument; }
+
+    /// The line as it stands, character for character.
+    QString text() const;
+    /// Replaces the whole line, in one step that the user can undo, and puts the caret behind it.
+    void setText(const QString& text);
+    void selectWholeText();
+
+    /// Takes typed text in at the selection, wherever it came from: keys, dead keys or an input method. A text that
+    /// starts with a line feed is Return: it calculates and is not inserted.
+    void insertText(const QString& text);
+    /// What a key does. Modifier keys alone, dead keys and commands of the menu are no such keys.
+    void keyDown(QKeyEvent* event);
+    /// The user moved the caret or changed the selection: an operator now stands for itself.
+    void textViewDidChangeSelection();
+
+    /// True from the Return that calculated until the next key or change of the selection.
+    bool wasFormulaJustCalculated() const { return wasFormulaJustCalculated_; }
+    void setWasFormulaJustCalculated(bool wasJustCalculated) { wasFormulaJustCalculated_ = wasJustCalculated; }
+    /// True while an operator that is typed gets "ans" in front.
+    bool permissibleToEnterTextFlag() const { return permissibleToEnterTextFlag_; }
+    void setPermissibleToEnterTextFlag(bool isPermissible) { permissibleToEnterTextFlag_ = isPermissible; }
+
+    /// A text made fit for one line: trimmed, with a blank for each run of line ends. Text without line ends stays as
+    /// it is.
+    static QString asOneLine(const QString& text);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
+    bool canInsertFromMimeData(const QMimeData* source) const override;
+    void insertFromMimeData(const QMimeData* source) override;
+    QMimeData* createMimeDataFromSelection() const override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+    /// The room around the line, the same at all sides.
+    void setTextContainerInset(int inset);
+
+private:
+    void clearFlags();
+    void typeText(const QString& text);
+    void interpretKey(QKeyEvent* event);
+    void insertThroughEditor(const QString& text);
+    void showComposition(QInputMethodEvent* event);
+    int lineHeight() const;
+    void centreLine();
+
+    MyDocument* parentDocument_ = nullptr;
+    bool wasFormulaJustCalculated_ = false;
+    bool permissibleToEnterTextFlag_ = false;
+    bool isMovedByProgram_ = false;
+};
