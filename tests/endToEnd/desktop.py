@@ -23,6 +23,10 @@ class Timeout(Exception):
     """What was waited for did not happen."""
 
 
+class ProgramFailed(Exception):
+    """A program ended by an error while one of its windows was waited for."""
+
+
 def wait_for(condition, what):
     """The first true value of the condition."""
     end = time.monotonic() + PATIENCE
@@ -41,6 +45,7 @@ class Desktop:
     def __init__(self, screen=SCREEN):
         self.screen = screen
         self.processes = []
+        self.programs = []
 
     def __enter__(self):
         self.folder = tempfile.TemporaryDirectory(prefix="tallix-desktop-")
@@ -133,7 +138,12 @@ class Desktop:
 
     def wait_for_window(self, title):
         """Waits until this very title is that of the window with the keyboard."""
-        wait_for(lambda: self.has_keyboard(title), f"the window {title!r} (active: {self.active_title()!r})")
+        def arrived():
+            for program in self.programs:
+                program.must_not_have_failed()
+            return self.has_keyboard(title)
+
+        wait_for(arrived, f"the window {title!r}")
 
     def activate(self, title):
         """Brings the window with this very title to the front, as a task bar does."""
@@ -225,13 +235,21 @@ class Program:
         self.errors = open(self.desktop.home / "program.err", "w+")
         self.process = subprocess.Popen(self.command, env=self.desktop.environment, stdin=subprocess.DEVNULL,
                                         stdout=self.errors, stderr=self.errors)
+        self.desktop.programs.append(self)
         return self
 
     def __exit__(self, *_):
+        self.desktop.programs.remove(self)
         if self.process.poll() is None:
             self.process.send_signal(signal.SIGKILL)
             self.process.wait()
         self.errors.close()
+
+    def must_not_have_failed(self):
+        """A program that ended by an error will show no window: what it said beats waiting for one."""
+        if self.process.poll():
+            status, text = self.outcome()
+            raise ProgramFailed(f"status {status}: {text}")
 
     def outcome(self):
         """Waits for the end; the exit status and all that the program wrote."""
