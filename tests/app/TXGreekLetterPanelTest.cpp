@@ -39,7 +39,7 @@ struct GreekLetters : ApplicationTest {
         const auto* const focused = qobject_cast<QPushButton*>(QApplication::focusWidget());
         return focused != nullptr ? focused->text() : QString();
     }
-    void pressF6() {
+    void pressF6() const {
         QTest::keyClick(entry, Qt::Key_F6);
         EXPECT_TRUE(becomesActive(panel));
     }
@@ -186,7 +186,7 @@ TEST_F(GreekLetters, sayTheirNames) {
 TEST_F(GreekLetters, lookLikeLettersOfNamesToTheEngine) {
     for (const auto* found : panel->findChildren<QPushButton*>()) {
         if (found->text() == "±") continue;
-        const auto result =
+        const auto* const result =
             document.documentEquationController().addOneStringBlindly((found->text() + "=1").toStdU16String());
         ASSERT_TRUE(result);
         EXPECT_FALSE(result->isErrorMessage()) << found->text().toStdString();

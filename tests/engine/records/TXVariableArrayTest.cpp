@@ -11,7 +11,7 @@
 
 namespace {
 
-TXVariable named(std::u16string name) { return TXVariable::initWithName(std::move(name), true, 1.0); }
+TXVariable named(const std::u16string& name) { return TXVariable::initWithName(name, true, 1.0); }
 
 TEST(TXVariableArray, isEmptyAtFirst) {
     const TXVariableArray variables;
