@@ -9,7 +9,6 @@
 #include "app/messages.h"
 #include "app/workspace.h"
 #include "ui/document/MyDocument.h"
-#include "ui/document/TXWindow.h"
 
 // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
 AppPreferencesController* appPreferencesGlobalController = nullptr;
@@ -109,5 +108,5 @@ void AppPreferencesController::showGreekLettersPanel() {
 
 QWidget* AppPreferencesController::activeWindow() const {
     const MyDocument* const document = documents_.activeDocument();
-    return document != nullptr ? document->documentWindow() : nullptr;
+    return document != nullptr ? document->activeWindow() : nullptr;
 }

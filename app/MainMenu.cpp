@@ -56,6 +56,10 @@ void MainMenu::connectFileMenu() {
     connect(ui_->saveDocumentAsAction, &QAction::triggered, &document_, &MyDocument::saveDocument);
     connect(ui_->printDocumentAction, &QAction::triggered, &document_, &MyDocument::printDocument);
     connect(ui_->quitAction, &QAction::triggered, &documents_, &DocumentController::closeAll);
+#ifdef Q_OS_MACOS
+    // There the program outlives its last document, and this is the command that ends it.
+    connect(ui_->quitAction, &QAction::triggered, qApp, [] { QCoreApplication::exit(0); });
+#endif
 }
 
 void MainMenu::connectEditMenu() {
@@ -86,7 +90,7 @@ void MainMenu::connectHelpMenu() {
     connect(ui_->screencastsAction, &QAction::triggered, &preferences_, &Controller::openScreencastURL);
     connect(ui_->sendFeedbackAction, &QAction::triggered, &preferences_, &Controller::openFeedbackURL);
     connect(ui_->reportBugAction, &QAction::triggered, &preferences_, &Controller::openBugReportURL);
-    connect(ui_->aboutAction, &QAction::triggered, this, [this] { showAbout(window_); });
+    connect(ui_->aboutAction, &QAction::triggered, this, [this] { showAbout(document_.activeWindow()); });
 }
 
 // The keys that no entry of a menu stands for.
@@ -120,9 +124,9 @@ bool MainMenu::eventFilter(QObject* watched, QEvent* event) {
 
 // To the newest panel, and back: the keys of a window work in its panels as well.
 void MainMenu::moveToPanel() {
-    const auto panels = window_->findChildren<TXGreekLetterPanel*>();
+    const auto panels = document_.activeWindow()->findChildren<TXGreekLetterPanel*>();
     if (panels.isEmpty()) return;
-    if (QApplication::activeWindow() == window_) {
+    if (QApplication::activeWindow() == document_.activeWindow()) {
         panels.last()->takeFocus();
     } else {
         document_.showWindow();

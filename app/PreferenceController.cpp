@@ -37,6 +37,7 @@ PreferenceController::PreferenceController(DocumentController& documents)
     : documents_(documents), ui_(std::make_unique<Ui::Preferences>()), window_(std::make_unique<QDialog>()) {
     ui_->setupUi(window_.get());
     windowDidLoad();
+    sendChoicesToDocuments();
     connect(thousandsSeparatorsBox(), &QComboBox::activated, this,
             [this] { changeThousandsSeparatorCharacter(thousandsSeparatorsBox()); });
     connect(exponentialCharacterComboBox(), &QComboBox::activated, this,
@@ -47,6 +48,15 @@ PreferenceController::PreferenceController(DocumentController& documents)
 }
 
 PreferenceController::~PreferenceController() = default;
+
+void PreferenceController::sendChoicesToDocuments() {
+    connect(this, &PreferenceController::thousandsSeparatorChosen, &documents_, [this](int index) {
+        for (MyDocument* document : documents_.documents()) document->changeThousandsSeparatorCharacter(index);
+    });
+    connect(this, &PreferenceController::exponentCharacterChosen, &documents_, [this](int index) {
+        for (MyDocument* document : documents_.documents()) document->changeExponentCharacter(index);
+    });
+}
 
 void PreferenceController::windowDidLoad() {
     const UserDefaults defaults;
@@ -66,13 +76,12 @@ void PreferenceController::showWindow() {
 
 void PreferenceController::changeThousandsSeparatorCharacter(const QComboBox* popUp) {
     const int index = popUp->currentIndex();
-    for (MyDocument* document : documents_.documents()) document->changeThousandsSeparatorCharacter(index);
+    emit thousandsSeparatorChosen(index);
     UserDefaults().setString(separatorAt(index), TXUserDefaultsKey::thousandsSeparatorCharacter);
 }
 
 void PreferenceController::changeExponentCharacter(const QComboBox* popUp) {
-    const int index = popUp->currentIndex();
-    for (MyDocument* document : documents_.documents()) document->changeExponentCharacter(index);
+    emit exponentCharacterChosen(popUp->currentIndex());
     const QString title = popUp->currentText();
     if (title == "e" || title == "E") UserDefaults().setString(title, TXUserDefaultsKey::exponentsCharacter);
 }

@@ -41,7 +41,14 @@ public:
     QComboBox* exponentialCharacterComboBox() const;
     QComboBox* degreesOrRadians() const;
 
+signals:
+    // The position that was chosen. The open documents have it with these signals, and it is stored afterwards.
+    void thousandsSeparatorChosen(int index);
+    void exponentCharacterChosen(int index);
+
 private:
+    void sendChoicesToDocuments();
+
     DocumentController& documents_;
     std::unique_ptr<Ui::Preferences> ui_;
     QWidget* colorWell_ = nullptr;

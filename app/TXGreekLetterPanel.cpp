@@ -12,7 +12,6 @@
 #include "app/greekLetters.h"
 #include "ui/document/MyDocument.h"
 #include "ui/document/TXFormulaEnteringTextView.h"
-#include "ui/document/TXWindow.h"
 #include "ui_TXGreekLetterPanel.h"
 
 namespace {
@@ -60,7 +59,7 @@ QPoint placeBeside(const QRect& window, const QSize& panel, const QRect& screen)
 }  // namespace
 
 TXGreekLetterPanel::TXGreekLetterPanel(MyDocument& document)
-    : QWidget(document.documentWindow(), Qt::Tool | Qt::WindowDoesNotAcceptFocus),
+    : QWidget(document.activeWindow(), Qt::Tool | Qt::WindowDoesNotAcceptFocus),
       document_(document),
       ui_(std::make_unique<Ui::TXGreekLetterPanel>()) {
     ui_->setupUi(this);
@@ -90,7 +89,7 @@ void TXGreekLetterPanel::addLetter(char16_t letter, const QString& name) {
 }
 
 void TXGreekLetterPanel::showWindow() {
-    const QWidget* const window = document_.documentWindow();
+    const QWidget* const window = document_.activeWindow();
     adjustSize();
     move(placeBeside(window->frameGeometry(), size(), window->screen()->availableGeometry()));
     show();

@@ -19,7 +19,7 @@ class TXGreekLetterPanel : public QWidget {
     Q_OBJECT
 
 public:
-    /// The document is not owned; its window owns the panel.
+    /// The document is not owned; its window in use, the full or the mini one, owns the panel.
     explicit TXGreekLetterPanel(MyDocument& document);
     ~TXGreekLetterPanel() override;
 

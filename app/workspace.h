@@ -4,8 +4,9 @@
 #include <QUrl>
 #include <functional>
 
-/// Opens a page or a file in the program that the desktop has for it. Gives false when there is no such file or no such
-/// program.
+/// Opens a page or a file in the program that the desktop has for it. Gives false when there is no such file, or when
+/// the desktop has nothing to hand it to. What was handed over counts as opened: should the desktop's own opener fail
+/// later on, it does not tell.
 bool openInWorkspace(const QUrl& address);
 
 /// Lets something else stand for the desktop, such as a test that listens. An empty function brings the desktop back.

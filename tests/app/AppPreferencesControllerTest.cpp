@@ -2,11 +2,13 @@
 
 #include "app/AppPreferencesController.h"
 
+#include <QComboBox>
 #include <QDialog>
 #include <QLabel>
 #include <QLocale>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <ostream>
 
 #include "tests/support/ApplicationTest.h"
@@ -139,16 +141,58 @@ TEST(AppPreferencesController, isTheProgramsOneWhenItWakes) {
     EXPECT_EQ(appPreferencesGlobalController, nullptr);
 }
 
-TEST(AppPreferencesController, wakesWhereNothingCanBeStored) {
-    const SettingsFolder settings;
-    ASSERT_TRUE(QDir().mkpath(settings.filePath()));
-    testing::internal::CaptureStderr();
-    DocumentController documents;
-    AppPreferencesController controller(documents);
-    controller.awakeFromNib();
-    EXPECT_EQ(UserDefaults().stringForKey(TXUserDefaultsKey::exponentsCharacter), "e");
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+/// A place for the user defaults that nobody can write to, not even the administrator.
+struct ClosedStoreCase {
+    const char* name;
+    void (*close)(const SettingsFolder& settings);
+};
+void PrintTo(const ClosedStoreCase& row, std::ostream* out) { *out << row.name; }
+class ClosedStore : public testing::TestWithParam<ClosedStoreCase> {};
+
+/// The platform without a display tells what it cannot do with windows.
+QStringList withoutRemarksOfThePlatform(const std::string& errors) {
+    const QStringList lines = QString::fromStdString(errors).split(u'\n', Qt::SkipEmptyParts);
+    return lines.filter(QRegularExpression("^(?!This plugin does not support )"));
 }
+
+bool canBeWritten() {
+    QSettings store;
+    store.setValue("interface/probe", 1);
+    store.sync();
+    return store.status() == QSettings::NoError;
+}
+
+TEST_P(ClosedStore, stopsNothing) {
+    const SettingsFolder settings;
+    GetParam().close(settings);
+    testing::internal::CaptureStderr();
+    Application application;
+    application.start();
+    application.preferences().ShowPreferencePanel();
+    QComboBox* const box = application.preferences().preferenceController()->thousandsSeparatorsBox();
+    EXPECT_EQ(box->currentIndex(), 0);
+    box->setFocus();
+    QTest::keyClick(box, Qt::Key_End);
+    // What was chosen holds as long as the program runs.
+    for (MyDocument* document : {application.documents().activeDocument(), &application.documents().newDocument()}) {
+        EXPECT_EQ(document->documentNumberFormatterSettings().thousandsCharacter(), u"'");
+    }
+    EXPECT_EQ(UserDefaults().stringForKey(TXUserDefaultsKey::exponentsCharacter), "e");
+    application.documents().closeAll();
+    EXPECT_EQ(withoutRemarksOfThePlatform(testing::internal::GetCapturedStderr()), QStringList());
+    EXPECT_FALSE(canBeWritten());
+}
+
+void putStoreInto(const QString& folder) { QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder); }
+
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Places, ClosedStore, testing::Values(
+    ClosedStoreCase{"AFolderInItsPlace", [](const SettingsFolder& settings) { QDir().mkpath(settings.filePath()); }},
+    ClosedStoreCase{"BelowAFile",        [](const SettingsFolder& settings) { settings.write("x"); putStoreInto(settings.filePath()); }},
+    ClosedStoreCase{"NoFolderCanBeMade", [](const SettingsFolder& /*settings*/) { putStoreInto("/proc"); }},
+    ClosedStoreCase{"AFileToReadOnly",   [](const SettingsFolder& settings) { QFile::link("/proc/version", settings.filePath()); }}
+), [](const auto& row) { return row.param.name; });
+// clang-format on
 
 using AppPreferences = ApplicationTest;
 
@@ -203,6 +247,17 @@ TEST_P(HelpMenuCommand, saysWhenTheAddressCannotBeOpened) {
     EXPECT_TRUE(shown->textInteractionFlags().testFlag(Qt::TextSelectableByKeyboard));
     QTest::keyClick(alert, Qt::Key_Escape);
     EXPECT_FALSE(alert->isVisible());
+}
+
+TEST_P(HelpMenuCommand, saysSoInFrontOfTheMiniWindowWhileThatIsInUse) {
+    MyDocument& document = openDocument();
+    document.setIsSmallWindowShown(true);
+    const OpenedAddresses opened(false);
+    (application.preferences().*GetParam().open)();
+    auto* const alert = document.miniWindow()->findChild<QMessageBox*>("cannotOpenAlert");
+    ASSERT_NE(alert, nullptr);
+    EXPECT_EQ(alert->parentWidget(), document.miniWindow());
+    EXPECT_TRUE(alert->button(QMessageBox::Ok)->icon().isNull());
 }
 
 // clang-format off

@@ -5,6 +5,8 @@
 #include <QDialog>
 #include <QPointer>
 #include <QScreen>
+#include <algorithm>
+#include <ostream>
 
 #include <QtTest/QSignalSpy>
 
@@ -143,6 +145,83 @@ TEST_F(Documents, openAndCloseAHundredTimes) {
         deleteWhatIsClosed();
     }
     EXPECT_EQ(application.documents().documents().size(), 1);
+}
+
+TEST_F(Documents, areAHundredAtOnceAndAllClosed) {
+    const QSignalSpy closed(&application.documents(), &DocumentController::lastDocumentClosed);
+    QList<QPointer<QObject>> remaining;
+    for (int i = 0; i < 100; ++i) {
+        MyDocument& document = application.documents().newDocument();
+        remaining += {&document, document.documentWindow(), document.miniWindow()};
+    }
+    EXPECT_EQ(application.documents().documents().size(), 100);
+    EXPECT_EQ(titleOf(*application.documents().documents().last()), "Untitled 100");
+    application.documents().closeAll();
+    deleteWhatIsClosed();
+    EXPECT_EQ(closed.count(), 1);
+    EXPECT_TRUE(std::all_of(remaining.begin(), remaining.end(), [](const auto& object) { return object.isNull(); }));
+    EXPECT_EQ(globalVariableArray, nullptr);
+}
+
+/// What can be open in front of a document's window when it is closed.
+struct CoveredCase {
+    const char* name;
+    void (*cover)(Application& application, MyDocument& document);
+};
+void PrintTo(const CoveredCase& row, std::ostream* out) { *out << row.name; }
+class CoveredDocument : public Documents, public testing::WithParamInterface<CoveredCase> {
+protected:
+    QPointer<MyDocument> openCovered() {
+        MyDocument& document = openDocument();
+        GetParam().cover(application, document);
+        EXPECT_EQ(QApplication::activeModalWidget()->parentWidget(), document.documentWindow());
+        return &document;
+    }
+};
+
+TEST_P(CoveredDocument, isClosedWithWhatCoversIt) {
+    MyDocument& other = openDocument();
+    const QPointer<MyDocument> document = openCovered();
+    const QPointer<QWidget> cover = QApplication::activeModalWidget();
+    document->close();
+    deleteWhatIsClosed();
+    EXPECT_TRUE(document.isNull());
+    EXPECT_TRUE(cover.isNull());
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    EXPECT_EQ(application.documents().documents(), QList<MyDocument*>{&other});
+    QTest::keyClicks(other.formulaTextView(), "1");
+    EXPECT_EQ(other.formulaTextView()->text(), "1");
+}
+
+TEST_P(CoveredDocument, doesNotHoldUpTheEnd) {
+    const QSignalSpy closed(&application.documents(), &DocumentController::lastDocumentClosed);
+    const QPointer<MyDocument> first = openCovered();
+    const QPointer<MyDocument> second = openCovered();
+    application.documents().closeAll();
+    EXPECT_EQ(closed.count(), 1);
+    deleteWhatIsClosed();
+    EXPECT_TRUE(first.isNull());
+    EXPECT_TRUE(second.isNull());
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Covers, CoveredDocument, testing::Values(
+    CoveredCase{"PrintDialog",        [](Application& /*application*/, MyDocument& document) { document.printDocument(); }},
+    CoveredCase{"Alert",              [](Application& /*application*/, MyDocument& document) { document.openDocument(); }},
+    CoveredCase{"PanelUnderAnAlert",  [](Application& application, MyDocument& document) {
+        application.preferences().showGreekLettersPanel();
+        document.saveDocument();
+    }}
+), [](const auto& row) { return row.param.name; });
+// clang-format on
+
+TEST_F(Documents, areNotActiveOnceTheyAreClosed) {
+    MyDocument& document = openDocument();
+    document.close();
+    QEvent activation(QEvent::WindowActivate);  // may still come, until the window is gone
+    QCoreApplication::sendEvent(document.documentWindow(), &activation);
+    EXPECT_EQ(application.documents().activeDocument(), nullptr);
 }
 
 TEST_F(Documents, takeTheDefaultsOfTheirDay) {

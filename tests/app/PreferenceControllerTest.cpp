@@ -125,6 +125,23 @@ TEST_F(PreferencesTest, sendsTheExponentCharacterToEveryDocumentAndStoresIt) {
     }
 }
 
+TEST_F(PreferencesTest, storesAChoiceAfterTheDocumentsHaveIt) {
+    QString separatorThen;
+    QString exponentThen;
+    QObject::connect(controller, &PreferenceController::thousandsSeparatorChosen, controller, [&] {
+        EXPECT_EQ(second.documentNumberFormatterSettings().thousandsCharacter(), u"'");
+        separatorThen = stored(TXUserDefaultsKey::thousandsSeparatorCharacter);
+    });
+    QObject::connect(controller, &PreferenceController::exponentCharacterChosen, controller, [&] {
+        EXPECT_EQ(second.documentNumberFormatterSettings().exponentCharacter(), u"E");
+        exponentThen = stored(TXUserDefaultsKey::exponentsCharacter);
+    });
+    QTest::keyClick(controller->thousandsSeparatorsBox(), Qt::Key_End);
+    EXPECT_EQ(separatorThen, ",");
+    choose(controller->exponentialCharacterComboBox(), 1);
+    EXPECT_EQ(exponentThen, "e");
+}
+
 TEST_F(PreferencesTest, keepsTheAngleUnitForDocumentsMadeAfterwards) {
     choose(controller->degreesOrRadians(), 1);
     EXPECT_EQ(stored(TXUserDefaultsKey::usesRadiansForNewDocuments), "false");
@@ -170,6 +187,7 @@ TEST_F(PreferencesTest, isClosedByEscReturnAndItsButton) {
     EXPECT_FALSE(window->isModal());
     auto* const button = window->findChild<QPushButton*>("closeButton");
     EXPECT_TRUE(button->isDefault());
+    EXPECT_TRUE(button->icon().isNull());
     for (const auto key : {Qt::Key_Escape, Qt::Key_Return}) {
         controller->showWindow();
         QTest::keyClick(window, key);

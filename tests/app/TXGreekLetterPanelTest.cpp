@@ -104,6 +104,16 @@ TEST_F(GreekLetters, goIntoTheMiniWindowWhileThatIsInUse) {
     EXPECT_EQ(entry->text(), "");
 }
 
+TEST_F(GreekLetters, belongToTheMiniWindowWhenTheyAreOpenedThere) {
+    document.setIsSmallWindowShown(true);
+    document.showWindow();
+    application.preferences().showGreekLettersPanel();
+    auto* const opened = document.miniWindow()->findChild<TXGreekLetterPanel*>();
+    ASSERT_NE(opened, nullptr);
+    EXPECT_EQ(opened->parentWidget(), document.miniWindow());
+    EXPECT_FALSE(opened->frameGeometry().intersects(document.miniWindow()->frameGeometry()));
+}
+
 TEST_F(GreekLetters, goIntoTheirOwnDocument) {
     const MyDocument& other = openDocument();
     QTest::mouseClick(button("α"), Qt::LeftButton);

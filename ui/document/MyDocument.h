@@ -81,6 +81,8 @@ public:
 
     TXWindow* documentWindow() const { return documentWindow_.get(); }
     QWidget* miniWindow() const { return miniWindow_.get(); }
+    /// The window in use: the full or the mini one.
+    QWidget* activeWindow() const;
     TXHistoryViewerTextView* mainField() const;
     TXFormulaEnteringTextView* formulaTextView() const;
     TXFormulaEnteringMiniModeTextField* miniModeformulaTextView() const;
@@ -124,7 +126,6 @@ private:
     void prepareMiniWindow();
     void fixHeightOfMiniWindow();
     void takeUserDefaults();
-    QWidget* activeWindow() const;
     QString variableNameOf(const TXResult& result) const;
     Answer answerOf(const TXResult& result);
     void appendToHistory(const Answer& answer);

@@ -8,6 +8,7 @@
 #include <QPointer>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QPushButton>
 
 #include "ui/document/TXHistoryViewerTextView.h"
 #include "ui/document/TXWindow.h"
@@ -49,6 +50,7 @@ void MyDocument::showSorry(const QString& message) {
     alert->setTextFormat(Qt::PlainText);
     alert->setInformativeText(message);
     alert->setDefaultButton(QMessageBox::Ok);
+    alert->button(QMessageBox::Ok)->setIcon(QIcon());
     if (auto* title = alert->findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))) {
         QFont bold = title->font();
         bold.setBold(true);

@@ -73,9 +73,19 @@ bool hasCommandModifiers(const QKeyEvent& event) {
 
 bool isReturn(const QKeyEvent& event) { return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter; }
 
+/// Some layouts make the keypad's decimal key an ordinary comma: only its place tells it then.
+bool isInPlaceOfKeypadDecimal(const QKeyEvent& event) {
+#if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
+    constexpr quint32 keypadDecimalCode = 91;
+    return event.nativeScanCode() == keypadDecimalCode && hasPrintableText(event);
+#else
+    return false;
+#endif
+}
+
 bool isKeypadDecimal(const QKeyEvent& event) {
     const bool isDecimal = event.key() == Qt::Key_Period || event.key() == Qt::Key_Comma;
-    return isDecimal && event.modifiers().testFlag(Qt::KeypadModifier);
+    return (isDecimal && event.modifiers().testFlag(Qt::KeypadModifier)) || isInPlaceOfKeypadDecimal(event);
 }
 
 }  // namespace

@@ -192,6 +192,7 @@ TEST_P(Sorry, isSaidInAnAlertOfTheWindow) {
     EXPECT_EQ(alert->icon(), QMessageBox::Information);
     EXPECT_EQ(alert->standardButtons(), QMessageBox::Ok);
     EXPECT_EQ(alert->defaultButton(), qobject_cast<QPushButton*>(alert->button(QMessageBox::Ok)));
+    EXPECT_TRUE(alert->button(QMessageBox::Ok)->icon().isNull());
     EXPECT_EQ(alert->windowModality(), Qt::WindowModal);
     QTest::keyClick(alert, Qt::Key_Return);
     QTest::qWait(0);
