@@ -165,8 +165,16 @@ class Desktop:
             self.type(line)
             self.key("Return")
 
-    def click(self, window, x, y):
-        self._run("xdotool", "mousemove", "--window", window, str(x), str(y), "click", "1")
+    def click(self, window, x, y, button=1):
+        self._run("xdotool", "mousemove", "--window", window, str(x), str(y), "click", str(button))
+
+    def drag(self, window, start, end):
+        """Drags from one place in the window to another, in steps as a hand does."""
+        points = [tuple(a + (b - a) * step // 8 for a, b in zip(start, end)) for step in range(9)]
+        self._run("xdotool", "mousemove", "--window", window, *map(str, start), "mousedown", "1")
+        for point in points:
+            self._run("xdotool", "mousemove", "--window", window, *map(str, point))
+        self._run("xdotool", "mouseup", "1")
 
     def open_and_close_menu(self, key):
         """Opens a menu with the key and leaves it, and then the menu bar."""
@@ -189,15 +197,19 @@ class Desktop:
     def copied(self, *keys):
         """What the keys put into the clipboard."""
         marker = "nothing was copied"
-        # It stays in the background to offer the text, so its output must not be waited for.
-        subprocess.run(["xclip", "-selection", "clipboard", "-in"], env=self.environment, input=marker, text=True,
-                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=PATIENCE, check=True)
-        wait_for(lambda: self._clipboard() == marker, "a clipboard of our own")
+        self.offer("clipboard", marker)
         self.key(*keys)
-        return wait_for(lambda: (text := self._clipboard()) != marker and text, "something in the clipboard")
+        return wait_for(lambda: (text := self._selection("clipboard")) != marker and text, "something in the clipboard")
 
-    def _clipboard(self):
-        return self._output("xclip", "-selection", "clipboard", "-out")
+    def offer(self, selection, text):
+        """Puts a text into the clipboard, or into what the middle button pastes: "primary"."""
+        # It stays in the background to offer the text, so its output must not be waited for.
+        subprocess.run(["xclip", "-selection", selection, "-in"], env=self.environment, input=text, text=True,
+                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=PATIENCE, check=True)
+        wait_for(lambda: self._selection(selection) == text, "a clipboard of our own")
+
+    def _selection(self, name):
+        return self._output("xclip", "-selection", name, "-out")
 
     def line(self):
         """The text of the entry line; afterwards it is selected."""

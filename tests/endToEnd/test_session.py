@@ -94,6 +94,48 @@ class WholeSession(SessionTest):
         self.assert_quits_after("ctrl+q")
 
 
+class Mouse(SessionTest):
+    """What the mouse brings into the line. The middle button finds it, from the lower edge of the window upwards."""
+
+    def paste_with_middle_button(self, text):
+        desktop = self.desktop
+        window = desktop.active_window()
+        _, _, width, height = desktop.place(window)
+        before = desktop.line()
+        desktop.offer("primary", text)
+        for y in range(height - 10, height // 2, -10):
+            desktop.click(window, width // 2, y, button=2)
+            if desktop.line() != before:
+                return y
+        raise self.failureException("the middle button pasted nothing")
+
+    def test_the_middle_button_brings_no_ans(self):
+        self.desktop.enter("2+3")
+        self.paste_with_middle_button("+")
+        self.assertEqual(self.desktop.line(), "2+3+")
+
+    def test_the_middle_button_pastes_one_line(self):
+        self.desktop.type("1")
+        self.paste_with_middle_button("+2\n\n+3\n")
+        self.assertEqual(self.desktop.line(), "1+2 +3")
+
+    def test_a_move_by_drag_is_undone_in_one_step(self):
+        desktop = self.desktop
+        # So long that there is text all over the line, and the first part of it below the place where the drag begins.
+        line = "1" * 30 + "2" * 200
+        desktop.type(line[0])
+        y = self.paste_with_middle_button(line[1:]) - 10
+        window = desktop.active_window()
+        _, _, width, _ = desktop.place(window)
+        desktop.key("Home", *["shift+Right"] * 30)
+        desktop.drag(window, (280, y), (width - 40, y))
+        moved = wait_for(lambda: (text := desktop.line()) != line and text, "the move")
+        self.assertRegex(moved, "^2+1{30}2+$")
+        desktop.key("ctrl+z")
+        self.assertEqual(desktop.line(), line)
+        self.assert_quits_after("ctrl+q")
+
+
 class Keys(SessionTest):
     """Which keys end the continuation from the last answer: right after 2+3, "+" gives "ans+" when they did not."""
 
@@ -108,12 +150,22 @@ class Keys(SessionTest):
     def test_modifiers_and_locks_alone_clear_nothing(self):
         for key in ("Shift_L", "Shift_R", "Control_L", "Control_R", "Alt_L", "Super_L"):
             self.assert_continues_after(key)
+        for key in ("Alt_R", "Super_R"):
+            self.assert_continues_after(key)
         for lock in ("Caps_Lock", "Num_Lock", "Scroll_Lock"):
             self.assert_continues_after(lock, lock)
         self.assert_continues_after("Alt_L", "Alt_L", "Shift_L", "Control_L")
 
     def test_level_shift_alone_clears_nothing(self):
         self.desktop.set_keyboard("de")
+        self.assert_continues_after("ISO_Level3_Shift")
+        self.assert_continues_after("ISO_Level3_Shift", "Shift_L", then="-", line="ans-")
+
+    def test_keys_of_the_layout_alone_clear_nothing(self):
+        self.desktop.set_keyboard("us,de", "-option", "grp:menu_toggle,lv5:ralt_switch")
+        self.assert_continues_after("ISO_Level5_Shift")
+        self.assert_continues_after("ISO_Next_Group", "ISO_Next_Group")
+        self.desktop.set_keyboard("us", "-option", "", "-option", "level3:ralt_switch")
         self.assert_continues_after("ISO_Level3_Shift")
 
     def test_dead_keys_clear_nothing_and_type_operators(self):
@@ -128,6 +180,18 @@ class Keys(SessionTest):
 
     def test_keys_of_commands_clear_nothing(self):
         self.assert_continues_after("ctrl+c")
+
+    def test_commands_with_an_alert_clear_nothing(self):
+        desktop = self.desktop
+        for key in ("F1", "ctrl+s"):
+            desktop.key("ctrl+a")
+            desktop.enter("2+3")
+            desktop.key(key)
+            wait_for(lambda: desktop.active_title() == "Tallix", "the alert")
+            desktop.key("Escape")
+            desktop.wait_for_window(FIRST)
+            desktop.type("+")
+            self.assertEqual(desktop.line(), "ans+")
 
     def test_filling_the_screen_clears_nothing(self):
         desktop = self.desktop
@@ -162,6 +226,14 @@ class Keys(SessionTest):
         self.desktop.key("KP_2", "KP_Add", "KP_3", "KP_Enter", "KP_Multiply", "KP_4", "KP_Enter", "KP_Divide", "KP_2",
                          "shift+Return", "1", "KP_Decimal", "5", "shift+KP_Enter")
         self.assertEqual(self.desktop.history(), "2+3\n\t= 5\n\nans1*4\n\t= 20\n\nans2/2\n\t= 10\n\n1.5\n\t= 1.5")
+
+    def test_the_keypads_decimal_key_types_a_point_in_every_layout(self):
+        keypad_decimal = "91"  # by its place, whatever it types
+        for layout in ("kpdl:dot", "kpdl:comma", "kpdl:commaoss", "kpdl:momayyez"):
+            with self.subTest(layout=layout):
+                self.desktop.set_keyboard("de", "-option", "", "-option", layout)
+                self.desktop.key("ctrl+a", "1", "Num_Lock", keypad_decimal, "Num_Lock", "5")
+                self.assertEqual(self.desktop.line(), "1.5")
 
 
 class Focus(SessionTest):

@@ -238,6 +238,24 @@ TEST(EntryKey, keypadDecimalIsAPointInEveryLayout) {
     }
 }
 
+// As layouts deliver it that make the key an ordinary comma, or the decimal separator of another script.
+TEST(EntryKey, keypadDecimalIsKnownByItsPlaceToo) {
+    constexpr quint32 keypadDecimal = 91;
+    constexpr quint32 comma = 59;
+    const auto lineAfter = [](quint32 place, Qt::Key key, const QString& text) {
+        const OpenDocument open;
+        open.press(u"1");
+        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, place, 0, 0, text);
+        QApplication::sendEvent(open.entry(), &press);
+        open.press(u"5");
+        return open.line();
+    };
+    EXPECT_EQ(lineAfter(keypadDecimal, Qt::Key_Comma, ","), "1.5");
+    EXPECT_EQ(lineAfter(keypadDecimal, Qt::Key(0x66B), u"\u066B"_qs), "1.5");
+    EXPECT_EQ(lineAfter(comma, Qt::Key_Comma, ","), "1,5");
+    EXPECT_EQ(lineAfter(keypadDecimal, Qt::Key_Delete, QString()), "15");  // without Num Lock
+}
+
 TEST(EntryKey, commaOfTheMainKeysStaysAComma) {
     const OpenDocument open;
     open.press(u"atan2(1,2");
@@ -418,12 +436,38 @@ TEST(EntryPasted, isUndoneInOneStepWhereItReplaced) {
 }
 
 TEST(EntryPasted, endsTheContinuation) {
+    for (const auto* keys : {u"2+3⏎", u"2⏎"}) {  // also where the line stays as long as it was
+        const OpenDocument open;
+        open.press(keys);
+        QGuiApplication::clipboard()->setText("7");
+        QTest::keyClick(open.entry(), Qt::Key_V, Qt::ControlModifier);
+        open.press(u"+");
+        EXPECT_EQ(open.line(), "7+");
+    }
+}
+
+/// The point before the character at this position of the line.
+QPoint pointAt(const TXFormulaEnteringTextView* entry, int position) {
+    QTextCursor cursor(entry->document());
+    cursor.setPosition(position);
+    return entry->cursorRect(cursor).center();
+}
+
+TEST(EntryDropped, isUndoneInOneStep) {
     const OpenDocument open;
-    open.press(u"2+3⏎");
-    QGuiApplication::clipboard()->setText("7");
-    open.entry()->paste();
-    open.press(u"+");
-    EXPECT_EQ(open.line(), "7+");
+    open.press(u"12*3");
+    QMimeData data;
+    data.setText("4\n+5");
+    const QPoint place = pointAt(open.entry(), 2);
+    QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(open.entry()->viewport(), &enter);
+    QDropEvent drop(QPointF(place), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(open.entry()->viewport(), &drop);
+    EXPECT_EQ(open.line(), "124 +5*3");
+    open.entry()->undo();
+    EXPECT_EQ(open.line(), "12*3");
+    open.entry()->redo();
+    EXPECT_EQ(open.line(), "124 +5*3");
 }
 
 TEST(EntryPasted, comesWithTheMiddleButtonToo) {
