@@ -9,6 +9,7 @@
 #include "app/messages.h"
 #include "app/workspace.h"
 #include "ui/document/MyDocument.h"
+#include "ui/document/TXInspectorController.h"
 
 // NOLINTNEXTLINE(cppcoreguidelines-avoid-non-const-global-variables)
 AppPreferencesController* appPreferencesGlobalController = nullptr;
@@ -104,6 +105,11 @@ void AppPreferencesController::showGreekLettersPanel() {
     if (document == nullptr) return;
     auto* panel = new TXGreekLetterPanel(*document);
     panel->showWindow();
+}
+
+void AppPreferencesController::showInspector() {
+    inspectorController = TXInspectorController::init([this] { return activeWindow(); }, this);
+    inspectorController->showWindow();
 }
 
 QWidget* AppPreferencesController::activeWindow() const {

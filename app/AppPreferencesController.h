@@ -50,6 +50,8 @@ public:
     void openScreencastURL();
     /// Shows one more panel of Greek letters, which belongs to the active document.
     void showGreekLettersPanel();
+    /// Shows the inspector, one for all documents.
+    void showInspector();
 
     /// Nullptr until the preferences are shown for the first time.
     PreferenceController* preferenceController() const { return preferenceController_.get(); }

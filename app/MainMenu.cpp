@@ -79,6 +79,7 @@ void MainMenu::connectViewMenu() {
 
 void MainMenu::connectWindowMenu() {
     connect(ui_->minimizeAction, &QAction::triggered, window_, &QWidget::showMinimized);
+    connect(ui_->inspectorAction, &QAction::triggered, &preferences_, &AppPreferencesController::showInspector);
     connect(ui_->windowMenu, &QMenu::aboutToShow, this, &MainMenu::listWindows);
 }
 

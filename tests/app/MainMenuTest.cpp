@@ -8,11 +8,13 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPrintDialog>
+#include <QPushButton>
 #include <QShortcut>
 #include <ostream>
 
 #include "app/TXGreekLetterPanel.h"
 #include "tests/support/ApplicationTest.h"
+#include "ui/document/TXInspectorController.h"
 
 namespace {
 
@@ -45,7 +47,7 @@ TEST_F(MainMenuTest, hasTheseEntriesWithTheseKeys) {
                                                  "Copy | Ctrl+C | Ctrl+Ins", "Paste | Ctrl+V | Shift+Ins",
                                                  "Select All | Ctrl+A", "Preferences… | Ctrl+,"}));
     EXPECT_EQ(entriesOf(*menus[2]), QStringList({"Full Screen | F11"}));
-    EXPECT_EQ(entriesOf(*menus[3]), QStringList({"Minimize"}));
+    EXPECT_EQ(entriesOf(*menus[3]), QStringList({"Minimize", "Inspector"}));
     EXPECT_EQ(entriesOf(*menus[4]), QStringList({"User Guide | F1", "Greek Letters | Ctrl+Shift+G", "Release Notes",
                                                  "Screencasts", "Send Feedback", "Report a Bug", "About Tallix"}));
     QStringList titles;
@@ -193,7 +195,7 @@ QStringList windowEntries(const MyDocument& document) {
     auto* const menu = document.documentWindow()->findChild<QMenu*>("windowMenu");
     emit menu->aboutToShow();
     QStringList entries;
-    for (const QAction* entry : menu->actions().mid(2)) {
+    for (const QAction* entry : menu->actions().mid(3)) {
         entries.append((entry->isChecked() ? "*" : "") + entry->text());
     }
     return entries;
@@ -225,10 +227,29 @@ TEST_F(MainMenuTest, bringsAnOpenWindowToTheFront) {
     first.documentWindow()->showMinimized();
     windowEntries(second);
     auto* const menu = second.documentWindow()->findChild<QMenu*>("windowMenu");
-    menu->actions().at(2)->trigger();
+    menu->actions().at(3)->trigger();
     EXPECT_TRUE(QTest::qWaitForWindowActive(first.documentWindow()));
     EXPECT_FALSE(first.documentWindow()->isMinimized());
     EXPECT_EQ(application.documents().activeDocument(), &first);
+}
+
+TEST_F(MainMenuTest, opensTheOneInspectorOfAllDocuments) {
+    const MyDocument& first = openDocument();
+    const MyDocument& second = openDocument();
+    EXPECT_EQ(inspectorController, nullptr);
+    trigger(first, "inspectorAction");
+    const TXInspectorController* const inspector = inspectorController;
+    ASSERT_NE(inspector, nullptr);
+    EXPECT_TRUE(inspector->window()->isVisible());
+    inspector->window()->close();
+    trigger(second, "inspectorAction");
+    EXPECT_EQ(inspectorController, inspector);
+    EXPECT_TRUE(inspector->window()->isVisible());
+    // Its buttons ask the document in front, which knows no styles.
+    QTest::mouseClick(inspector->window()->findChild<QPushButton*>("headingStyleButton"), Qt::LeftButton);
+    application.documents().closeAll();
+    QTest::mouseClick(inspector->window()->findChild<QPushButton*>("headingStyleButton"), Qt::LeftButton);
+    EXPECT_TRUE(inspector->window()->isVisible());
 }
 
 TEST_F(MainMenuTest, isOpenedByF10AndGivesTheFocusBack) {

@@ -64,6 +64,7 @@ void MyDocument::loadWindows() {
 
     mainField()->setFont(documentFont_);
     mainField()->awakeFromNib();
+    mainField()->setParentDocument(this);
     formulaTextView()->setFont(sized(documentFont_, entryPointSize));
     ui_->secondaryControlledView->setBackgroundRole(QPalette::Base);  // one sheet with the history
     prepareMiniWindow();

@@ -14,6 +14,7 @@
 #include "ui/document/TXFormulaScrollerController.h"
 
 class MiniModeAnswerField;
+struct StoredAnswer;
 class TXFormulaEnteringMiniModeTextField;
 class TXFormulaEnteringTextView;
 class TXHistoryViewerTextView;
@@ -56,6 +57,10 @@ public:
 
     /// Types `text` into the line of the full window, which then has the focus.
     void insertTextIntoEnteringBox(const QString& text) const;
+    /// Inserts `text` at the caret of the active entry, beside what is selected there, and gives it the focus.
+    void insertAtCaretOfEntry(const QString& text) const;
+    /// The name of the variable that was given this answer, as long as it holds it; or else an empty one.
+    QString nameOfVariableHolding(const StoredAnswer& stored) const;
     /// Brings the formula before the present one back into the active entry, or beeps.
     void optionArrowMoveToPreviousFormula();
     /// Brings the formula after the present one back, or beeps; right after a calculation it empties the line.

@@ -41,6 +41,7 @@ struct MyDocument::Answer {
     QString historyLine;
     QString miniForm;
     bool isError = false;
+    StoredAnswer stored{};
 };
 
 void MyDocument::equationEntered() {
@@ -61,9 +62,10 @@ MyDocument::Answer MyDocument::answerOf(const TXResult& result) {
         return {"\t" + error, error, true};
     }
     const QString number = stringOf(documentNumberFormatter_.formattedViewForNumber(result.number()));
-    if (result.variableToAssign() == -1) return {"\t= " + number, number};
+    const StoredAnswer stored{documentEquationController_.lastVariableAssignedIndex(), result.number()};
+    if (result.variableToAssign() == -1) return {"\t= " + number, number, false, stored};
     const QString assignment = variableNameOf(result) + " = " + number;
-    return {"\t" + assignment, assignment};
+    return {"\t" + assignment, assignment, false, stored};
 }
 
 // A list that was loaded need not know the session's variable.
@@ -87,6 +89,7 @@ void MyDocument::appendToHistory(const Answer& answer) {
         history->insertLine(answer.historyLine, LineKind::error, attributes.error);
     } else {
         history->insertLine(answer.historyLine, LineKind::answer, attributes.answer);
+        history->setStoredAnswerOfLastLine(answer.stored);
     }
     history->setEditable(false);
     history->scrollToEnd();
@@ -108,6 +111,18 @@ void MyDocument::showInMiniWindow(const Answer& answer) const {
 void MyDocument::insertTextIntoEnteringBox(const QString& text) const {
     formulaTextView()->insertText(text);
     formulaTextView()->setFocus();
+}
+
+void MyDocument::insertAtCaretOfEntry(const QString& text) const {
+    activeFormulaTextView()->insertAtCaret(text);
+    activeFormulaTextView()->setFocus();
+}
+
+QString MyDocument::nameOfVariableHolding(const StoredAnswer& stored) const {
+    const TXVariableArray& variables = documentEquationController_.variableArray();
+    if (!variables.holds(stored.variable)) return {};
+    const TXVariable& variable = variables[stored.variable];
+    return variable.isDefined() && variable.number() == stored.number ? stringOf(variable.variableName()) : QString();
 }
 
 // After a calculation the line still shows the newest formula: the first step lands on it, the second moves past it.

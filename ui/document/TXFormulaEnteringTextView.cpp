@@ -94,6 +94,14 @@ void TXFormulaEnteringTextView::insertThroughEditor(const QString& text) {
     setTextCursor(textCursor());  // The caret shows itself again, in whatever phase of its blinking it was.
 }
 
+void TXFormulaEnteringTextView::insertAtCaret(const QString& text) {
+    QTextCursor cursor = textCursor();
+    cursor.clearSelection();
+    insertInOneStep(cursor, asOneLine(text));
+    setTextCursor(cursor);
+    clearFlags();
+}
+
 void TXFormulaEnteringTextView::textViewDidChangeSelection() {
     if (!isMovedByProgram_) clearFlags();
 }

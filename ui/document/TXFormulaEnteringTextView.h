@@ -31,6 +31,8 @@ public:
     /// Takes typed text in at the selection, wherever it came from: keys, dead keys or an input method. A text that
     /// starts with a line feed is Return: it calculates and is not inserted.
     void insertText(const QString& text);
+    /// Inserts `text` at the caret, without replacing what is selected: no line is ever lost by it. One step undoes it.
+    void insertAtCaret(const QString& text);
     /// What a key does. Modifier keys alone, dead keys and commands of the menu are no such keys.
     void keyDown(QKeyEvent* event);
     /// The user moved the caret or changed the selection: an operator now stands for itself.

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <memory>
 
+#include "ui_HistoryMenu.h"
+
 namespace {
 
 constexpr int pageMargin = 12;
@@ -38,7 +40,8 @@ bool hasWordLongerThan(qsizetype length, QStringView text) {
 
 }  // namespace
 
-TXHistoryViewerTextView::TXHistoryViewerTextView(QWidget* parent) : QTextEdit(parent) {
+TXHistoryViewerTextView::TXHistoryViewerTextView(QWidget* parent)
+    : QTextEdit(parent), menuUi_(std::make_unique<Ui::HistoryMenu>()) {
     setUndoRedoEnabled(false);  // Nobody undoes the history, and remembering would cost with every line.
     setTabStopDistance(tabStop);
     setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
@@ -51,7 +54,10 @@ TXHistoryViewerTextView::TXHistoryViewerTextView(QWidget* parent) : QTextEdit(pa
     document()->setDefaultTextOption(option);
 }
 
+TXHistoryViewerTextView::~TXHistoryViewerTextView() = default;
+
 void TXHistoryViewerTextView::awakeFromNib() {
+    makeMenu();
     QTextFrame* page = document()->rootFrame();
     QTextFrameFormat format = page->frameFormat();
     format.setLeftMargin(pageMargin + horizontalInset);

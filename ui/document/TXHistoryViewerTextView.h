@@ -1,7 +1,24 @@
 #pragma once
 
+#include <QTextBlock>
 #include <QTextCharFormat>
 #include <QTextEdit>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+class MyDocument;
+class QMenu;
+
+namespace Ui {
+class HistoryMenu;
+}
+
+/// Where the session keeps an answer: the variable that was given its number.
+struct StoredAnswer {
+    std::int32_t variable = -1;  ///< Its position in the list of variables; -1 for none.
+    double number = 0.0;
+};
 
 /// The history of a document: each equation with its answer below it, to be read and copied.
 ///
@@ -16,9 +33,13 @@ public:
     static constexpr int lineKindProperty = QTextFormat::UserProperty + 1;
 
     explicit TXHistoryViewerTextView(QWidget* parent = nullptr);
+    ~TXHistoryViewerTextView() override;
 
-    /// Sets the insets, 0 at the sides and 2 above and below, inside the page's own margin.
+    /// Makes the context menu, and sets the insets, 0 at the sides and 2 above and below, inside the page's own margin.
     void awakeFromNib();
+
+    /// The document is not owned. It takes what the context menu inserts.
+    void setParentDocument(MyDocument* parentDocument) { parentDocument_ = parentDocument; }
 
     bool isEditable() const { return !isReadOnly(); }
     void setEditable(bool isEditable);
@@ -28,15 +49,51 @@ public:
     void insertLineBreak();
     /// Adds "line\n" at the insertion point, which stands on an empty line.
     void insertLine(const QString& line, LineKind kind, const QTextCharFormat& attributes);
+    /// Says where the answer of the line that was inserted last is kept.
+    void setStoredAnswerOfLastLine(const StoredAnswer& stored);
     void scrollToEnd();
 
+    // TXHistoryViewerTextView_menu.cpp: the context menu, whose entries act on the calculation under the pointer, or at
+    // the caret when a key opened it.
+    /// The context menu; nullptr before `awakeFromNib`.
+    QMenu* wrappingMenu() const { return wrappingMenu_; }
+    /// The menu for a click: the same everywhere.
+    QMenu* menuForEvent(const QContextMenuEvent* event) const;
+    /// Lines always wrap, so this does nothing.
+    void wrap();
+    /// Whether the entry of the menu can act. The one for `wrap` never can.
+    bool validateMenuItem(const QAction* item) const;
+
+    /// Text styles have a place here, but nothing makes any: both lists stay empty.
+    const std::vector<QTextCharFormat>& styleDefinitions() const { return styleDefinitions_; }
+    const std::vector<std::int32_t>& styleLocations() const { return styleLocations_; }
+
 protected:
+    void contextMenuEvent(QContextMenuEvent* event) override;
     QMimeData* createMimeDataFromSelection() const override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    /// The lines of one calculation. What is missing is no valid block.
+    struct Calculation {
+        QTextBlock equation;
+        QTextBlock answer;  ///< Errors are none.
+    };
+
+    void makeMenu();
+    Calculation calculationAt(int position) const;
+    QString chosenAnswerName() const;
+    void copyText(const QString& text);
+    void insertText(const QString& text);
     void wrapAnywhereIfNeededFor(const QString& line);
     bool isScrolledToEnd() const;
     QTextCursor selectionToCopy() const;
+
+    std::unique_ptr<Ui::HistoryMenu> menuUi_;
+    QMenu* wrappingMenu_ = nullptr;
+    Calculation chosen_;  ///< What the menu was opened for.
+    MyDocument* parentDocument_ = nullptr;
+    std::vector<QTextCharFormat> styleDefinitions_;
+    std::vector<std::int32_t> styleLocations_;
 };

@@ -25,4 +25,13 @@ TEST(TXWindow, forgetsADocumentThatIsGone) {
     EXPECT_EQ(window.documentController(), nullptr);
 }
 
+TEST(TXWindow, isTakenForWhatItIs) {
+    TXWindow window;
+    QWidget* const any = &window;
+    EXPECT_EQ(TXWindow::initWithNSWindow(any), &window);
+    QMainWindow other;
+    EXPECT_EQ(TXWindow::initWithNSWindow(&other), nullptr);
+    EXPECT_EQ(TXWindow::initWithNSWindow(nullptr), nullptr);
+}
+
 }  // namespace
