@@ -3,6 +3,7 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QMenu>
+#include <QMimeData>
 #include <ostream>
 
 #include "tests/support/DocumentTest.h"
@@ -75,7 +76,7 @@ TEST(HistoryMenu, isTheSameEverywhere) {
     open.press(u"2+3⏎(⏎");
     const QStringList entries = open.entries();
     for (const QPoint point : {QPoint(1, 1), QPoint(20, 20), QPoint(20, 40), QPoint(300, 300), QPoint(-5, 9000)}) {
-        QContextMenuEvent event(QContextMenuEvent::Mouse, point);
+        QContextMenuEvent event(QContextMenuEvent::Mouse, point, open.history()->viewport()->mapToGlobal(point));
         EXPECT_EQ(open.history()->menuForEvent(&event), open.menu());
         open.openAt(point);
         EXPECT_EQ(open.entries(), entries);
@@ -86,7 +87,7 @@ TEST(HistoryMenu, isTheSameEverywhere) {
 TEST(HistoryMenu, isNotThereBeforeTheLayoutIsLoaded) {
     TXHistoryViewerTextView history;
     EXPECT_EQ(history.wrappingMenu(), nullptr);
-    QContextMenuEvent event(QContextMenuEvent::Mouse, {1, 1});
+    QContextMenuEvent event(QContextMenuEvent::Mouse, {1, 1}, {1, 1});
     QApplication::sendEvent(history.viewport(), &event);
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 }
@@ -143,7 +144,7 @@ class HistoryMenuCopies : public testing::TestWithParam<CopyCase> {};
 
 TEST_P(HistoryMenuCopies, equationAndAnswer) {
     HistoryMenu open;
-    open.document.documentNumberFormatterSettings().setUsesThousandsSeparators(true);
+    open.document.documentNumberFormatterSettings().setThousandsSeparators(true);
     open.press(GetParam().keys);
     for (const int line : {0, 1}) {
         open.openOverLine(line);
