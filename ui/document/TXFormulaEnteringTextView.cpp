@@ -34,7 +34,9 @@ bool continuesFromAnswer(const QString& text) {
 /// Undone by itself, and not with what was typed just before or after.
 void insertInOneStep(QTextCursor& cursor, const QString& text) {
     cursor.beginEditBlock();
-    cursor.insertText(text);
+    // The editor would join what is typed next to an insertion, but not to a removal.
+    cursor.insertText(text + u' ');
+    cursor.deletePreviousChar();
     cursor.endEditBlock();
 }
 

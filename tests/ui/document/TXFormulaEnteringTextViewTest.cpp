@@ -435,6 +435,19 @@ TEST(EntryPasted, isUndoneInOneStepWhereItReplaced) {
     EXPECT_EQ(open.line(), "2+3");
 }
 
+TEST(EntryPasted, isUndoneWithoutWhatWasTypedBeforeAndAfter) {
+    const OpenDocument open;
+    open.press(u"1+");
+    QGuiApplication::clipboard()->setText("23");
+    QTest::keyClick(open.entry(), Qt::Key_V, Qt::ControlModifier);
+    open.press(u"*4");
+    EXPECT_EQ(open.line(), "1+23*4");
+    for (const char* line : {"1+23", "1+", ""}) {
+        open.entry()->undo();
+        EXPECT_EQ(open.line(), line);
+    }
+}
+
 TEST(EntryPasted, endsTheContinuation) {
     for (const auto* keys : {u"2+3⏎", u"2⏎"}) {  // also where the line stays as long as it was
         const OpenDocument open;

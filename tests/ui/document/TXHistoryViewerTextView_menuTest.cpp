@@ -202,6 +202,7 @@ TEST(HistoryMenuUse, insertsTheEquationBesideTheSelection) {
     open.press(u"+");
     EXPECT_EQ(open.line(), "7*1+1+");
     open.entry()->undo();
+    EXPECT_EQ(open.line(), "7*1+1");
     open.entry()->undo();
     EXPECT_EQ(open.line(), "7*");
 }
