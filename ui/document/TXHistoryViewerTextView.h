@@ -70,6 +70,7 @@ public:
 
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     QMimeData* createMimeDataFromSelection() const override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -85,6 +86,8 @@ private:
     Calculation calculationAt(int position) const;
     QString chosenAnswerName() const;
     void copyText(const QString& text);
+    void giveFocusBack();
+    void selectAllHere();
     void insertText(const QString& text);
     void wrapAnywhereIfNeededFor(const QString& line);
     bool isScrolledToEnd() const;
@@ -94,6 +97,7 @@ private:
     QMenu* wrappingMenu_ = nullptr;
     Calculation chosen_;  ///< What the menu was opened for.
     MyDocument* parentDocument_ = nullptr;
+    bool hasFocusForMenuOnly_ = false;
     std::vector<QTextCharFormat> styleDefinitions_;
     std::vector<std::int32_t> styleLocations_;
 };

@@ -4,6 +4,7 @@
 
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QFocusEvent>
 #include <QGuiApplication>
 #include <QMenu>
 
@@ -49,8 +50,11 @@ void TXHistoryViewerTextView::makeMenu() {
     connect(menuUi_->copyAnswerAction, &QAction::triggered, this, [this] { copyText(numberIn(chosen_.answer)); });
     connect(menuUi_->useEquationAction, &QAction::triggered, this, [this] { insertText(chosen_.equation.text()); });
     connect(menuUi_->insertAnswerAction, &QAction::triggered, this, [this] { insertText(chosenAnswerName()); });
-    connect(menuUi_->selectAllAction, &QAction::triggered, this, &QTextEdit::selectAll);
+    connect(menuUi_->selectAllAction, &QAction::triggered, this, &TXHistoryViewerTextView::selectAllHere);
     connect(menuUi_->wrapAction, &QAction::triggered, this, &TXHistoryViewerTextView::wrap);
+    connect(wrappingMenu_, &QMenu::aboutToHide, this, [this] {
+        if (hasFocusForMenuOnly_) giveFocusBack();
+    });
 }
 
 QMenu* TXHistoryViewerTextView::menuForEvent(const QContextMenuEvent* /*event*/) const { return wrappingMenu_; }
@@ -93,7 +97,26 @@ QString TXHistoryViewerTextView::chosenAnswerName() const {
 
 void TXHistoryViewerTextView::copyText(const QString& text) {
     QGuiApplication::clipboard()->setText(text);
+    giveFocusBack();
+}
+
+void TXHistoryViewerTextView::giveFocusBack() {
+    hasFocusForMenuOnly_ = false;
     if (parentDocument_ != nullptr) parentDocument_->activeFormulaTextView()->setFocus();
+}
+
+// The selection is there for the keys as well.
+void TXHistoryViewerTextView::selectAllHere() {
+    selectAll();
+    setFocus();
+}
+
+// The click that opens the menu brings the focus along, which goes back to the entry line with the menu.
+void TXHistoryViewerTextView::focusInEvent(QFocusEvent* event) {
+    QTextEdit::focusInEvent(event);
+    if (event->reason() == Qt::PopupFocusReason) return;
+    const bool isByClick = event->reason() == Qt::MouseFocusReason;
+    hasFocusForMenuOnly_ = isByClick && QGuiApplication::mouseButtons().testFlag(Qt::RightButton);
 }
 
 void TXHistoryViewerTextView::insertText(const QString& text) {

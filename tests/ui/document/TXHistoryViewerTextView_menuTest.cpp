@@ -266,6 +266,44 @@ TEST(HistoryMenuInsert, cannotOnceTheSessionIsCleared) {
     EXPECT_EQ(open.enabled(), "EAUS");
 }
 
+/// Clicks with the right button where there is no line.
+void openByClick(const HistoryMenu& open) {
+    const QWidget* const viewport = open.history()->viewport();
+    QWidget* const window = open.document.documentWindow();
+    const QPoint place = viewport->mapTo(window, viewport->rect().bottomRight() - QPoint(20, 20));
+    QTest::mouseClick(window->windowHandle(), Qt::RightButton, {}, place);
+    ASSERT_TRUE(open.menu()->isVisible());
+}
+
+TEST(HistoryMenuClick, leavesTheCaretInTheEntryLine) {
+    const HistoryMenu open;
+    open.press(u"2+3⏎");
+    openByClick(open);
+    QTest::keyClick(open.menu(), Qt::Key_Escape);
+    EXPECT_TRUE(open.entry()->hasFocus());
+    open.press(u"+");
+    EXPECT_EQ(open.line(), "ans+");
+}
+
+TEST(HistoryMenuClick, leavesTheFocusInTheHistoryThatHadIt) {
+    const HistoryMenu open;
+    open.press(u"2+3⏎");
+    open.history()->setFocus();
+    openByClick(open);
+    QTest::keyClick(open.menu(), Qt::Key_Escape);
+    EXPECT_TRUE(open.history()->hasFocus());
+}
+
+TEST(HistoryMenuClick, movesTheFocusToWhatItSelects) {
+    const HistoryMenu open;
+    open.press(u"2+3⏎");
+    openByClick(open);
+    open.choose(Qt::Key_S);
+    EXPECT_TRUE(open.history()->hasFocus());
+    QTest::keyClick(open.history(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(open.clipboard(), "2+3\n\t= 5");
+}
+
 TEST(HistoryMenuKey, opensItForTheLineOfTheCaret) {
     const HistoryMenu open;
     open.press(u"2+3⏎1+1⏎⌘⌫");
