@@ -60,6 +60,7 @@ void MyDocument::loadWindows() {
     ui_->setupUi(documentWindow_.get());
     miniWindow_ = std::make_unique<QWidget>();
     miniUi_->setupUi(miniWindow_.get());
+    ui_->mySplitView->setSizes({qRound(currentWidth_), documentWindow_->width()});
     ui_->secondarySplitView->setSizes({documentWindow_->height(), qRound(secondaryCurrentWidth_)});
 
     mainField()->setFont(documentFont_);
