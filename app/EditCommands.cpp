@@ -6,6 +6,8 @@
 #include <QPlainTextEdit>
 #include <QTextEdit>
 
+#include "ui/document/TXOutlineView.h"
+
 namespace {
 
 /// Calls `operation` with the text view, as what it is. Other widgets are left alone.
@@ -37,6 +39,10 @@ void EditCommands::connectActions() {
     connectTo(actions_.copy, [](auto& view) { view.copy(); });
     connectTo(actions_.paste, [](auto& view) { view.paste(); });
     connectTo(actions_.selectAll, [](auto& view) { view.selectAll(); });
+    // Of the variables, only copies are to be had.
+    connect(actions_.copy, &QAction::triggered, this, [this] {
+        if (auto* outline = qobject_cast<TXOutlineView*>(textView_)) outline->copy();
+    });
 }
 
 // While a menu is open, or another window is active, the commands stay with the text view that had the focus.
@@ -55,6 +61,9 @@ void EditCommands::follow(QWidget* textView) {
         connect(&view, &View::undoAvailable, this, &EditCommands::updateActions);
         connect(&view, &View::redoAvailable, this, &EditCommands::updateActions);
     });
+    if (auto* outline = qobject_cast<TXOutlineView*>(textView_)) {
+        connect(outline, &TXOutlineView::copyAvailable, this, &EditCommands::updateActions);
+    }
     updateActions();
 }
 
@@ -72,6 +81,9 @@ void EditCommands::updateActions() {
         canUndo = view.document()->isUndoAvailable();
         canRedo = view.document()->isRedoAvailable();
     });
+    if (const auto* outline = qobject_cast<const TXOutlineView*>(textView_)) {
+        hasSelection = outline->selectedVariable() != nullptr;
+    }
     actions_.undo->setEnabled(isEditable && canUndo);
     actions_.redo->setEnabled(isEditable && canRedo);
     actions_.cut->setEnabled(isEditable && hasSelection);

@@ -6,8 +6,8 @@
 class QAction;
 class QWidget;
 
-/// Lets the entries of the Edit menu work on the text view of a window that has the focus, or had it before a menu was
-/// opened.
+/// Lets the entries of the Edit menu work on the text view, or the variables, of a window that have the focus, or had
+/// it before a menu was opened.
 class EditCommands : public QObject {
     Q_OBJECT
 

@@ -73,6 +73,8 @@ void MainMenu::connectEditMenu() {
 }
 
 void MainMenu::connectViewMenu() {
+    ui_->sidebarAction->setChecked(document_.isSidebarShown());
+    connect(ui_->sidebarAction, &QAction::triggered, &document_, &MyDocument::setSidebarShown);
     connect(ui_->fullScreenAction, &QAction::triggered, this, &MainMenu::setFullScreen);
     window_->installEventFilter(this);
 }

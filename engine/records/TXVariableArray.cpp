@@ -24,5 +24,6 @@ TXVariable& TXVariableArray::settle(TXVariable& variable, std::uint32_t nameHash
 void TXVariableArray::clear() {
     variables_.clear();
     size_ = 0;
+    ++timesCleared_;
     index_.clear();
 }

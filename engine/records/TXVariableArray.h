@@ -35,6 +35,8 @@ public:
     TXVariable& append(std::u16string_view name, std::uint32_t nameHash);
 
     void clear();
+    /// How often the list was cleared. While the number stays, what stood at a position still stands there.
+    std::uint32_t timesCleared() const { return timesCleared_; }
 
 private:
     TXVariable& settle(TXVariable& variable, std::uint32_t nameHash);
@@ -46,5 +48,6 @@ private:
 
     std::deque<TXVariable> variables_;
     std::int32_t size_ = 0;  ///< Of the deque, which would have to work it out.
+    std::uint32_t timesCleared_ = 0;
     TXNameIndex index_;
 };

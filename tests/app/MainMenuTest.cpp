@@ -15,6 +15,7 @@
 #include "app/TXGreekLetterPanel.h"
 #include "tests/support/ApplicationTest.h"
 #include "ui/document/TXInspectorController.h"
+#include "ui/document/TXOutlineView.h"
 
 namespace {
 
@@ -46,7 +47,7 @@ TEST_F(MainMenuTest, hasTheseEntriesWithTheseKeys) {
     EXPECT_EQ(entriesOf(*menus[1]), QStringList({"Undo | Ctrl+Z", "Redo | Ctrl+Shift+Z", "Cut | Ctrl+X | Shift+Del",
                                                  "Copy | Ctrl+C | Ctrl+Ins", "Paste | Ctrl+V | Shift+Ins",
                                                  "Select All | Ctrl+A", "Preferences… | Ctrl+,"}));
-    EXPECT_EQ(entriesOf(*menus[2]), QStringList({"Full Screen | F11"}));
+    EXPECT_EQ(entriesOf(*menus[2]), QStringList({"Sidebar | F9", "Full Screen | F11"}));
     EXPECT_EQ(entriesOf(*menus[3]), QStringList({"Minimize", "Inspector"}));
     EXPECT_EQ(entriesOf(*menus[4]), QStringList({"User Guide | F1", "Greek Letters | Ctrl+Shift+G", "Release Notes",
                                                  "Screencasts", "Send Feedback", "Report a Bug", "About Tallix"}));
@@ -183,6 +184,17 @@ TEST_F(MainMenuTest, fillsTheScreenAndComesBack) {
     EXPECT_FALSE(action(document, "fullScreenAction")->isChecked());
     window->showFullScreen();  // as the window manager does it
     EXPECT_TRUE(action(document, "fullScreenAction")->isChecked());
+}
+
+TEST_F(MainMenuTest, hidesTheSidebarAndShowsItAgain) {
+    const MyDocument& document = openDocument();
+    EXPECT_TRUE(action(document, "sidebarAction")->isChecked());
+    QTest::keyClick(document.formulaTextView(), Qt::Key_F9);
+    EXPECT_FALSE(document.variableOutlineView()->isVisible());
+    EXPECT_FALSE(action(document, "sidebarAction")->isChecked());
+    QTest::keyClick(document.formulaTextView(), Qt::Key_F9);
+    EXPECT_TRUE(document.variableOutlineView()->isVisible());
+    EXPECT_TRUE(action(document, "sidebarAction")->isChecked());
 }
 
 TEST_F(MainMenuTest, minimizesItsWindow) {

@@ -8,6 +8,7 @@
 #include "ui/document/TXFormulaEnteringMiniModeTextField.h"
 #include "ui/document/TXFormulaEnteringTextView.h"
 #include "ui/document/TXHistoryViewerTextView.h"
+#include "ui/document/TXVariableOutlineViewController.h"
 #include "ui/document/TXWindow.h"
 #include "ui_MiniWindow.h"
 #include "ui_MyDocument.h"
@@ -60,7 +61,6 @@ void MyDocument::loadWindows() {
     ui_->setupUi(documentWindow_.get());
     miniWindow_ = std::make_unique<QWidget>();
     miniUi_->setupUi(miniWindow_.get());
-    ui_->mySplitView->setSizes({qRound(currentWidth_), documentWindow_->width()});
     ui_->secondarySplitView->setSizes({documentWindow_->height(), qRound(secondaryCurrentWidth_)});
 
     mainField()->setFont(documentFont_);
@@ -69,6 +69,7 @@ void MyDocument::loadWindows() {
     formulaTextView()->setFont(sized(documentFont_, entryPointSize));
     ui_->secondaryControlledView->setBackgroundRole(QPalette::Base);  // one sheet with the history
     prepareMiniWindow();
+    prepareSidebar();
     for (TXFormulaEnteringTextView* entry :
          std::initializer_list<TXFormulaEnteringTextView*>{formulaTextView(), miniModeformulaTextView()}) {
         entry->setParentDocument(this);
@@ -94,6 +95,7 @@ void MyDocument::fixHeightOfMiniWindow() {
 
 void MyDocument::windowControllerDidLoadNib() {
     takeUserDefaults();
+    showSidebarForTheFirstTime();
     mainField()->setEditable(false);
     documentWindow_->setDocumentController(this);
     documentWindow_->installEventFilter(this);
@@ -130,8 +132,10 @@ void MyDocument::showWindow() {
 void MyDocument::close() { activeWindow()->close(); }
 
 bool MyDocument::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::WindowActivate) emit activated();
-    if (event->type() == QEvent::Close) emit closed();
+    const bool isWindow = watched == documentWindow_.get() || watched == miniWindow_.get();
+    if (isWindow && event->type() == QEvent::WindowActivate) emit activated();
+    if (isWindow && event->type() == QEvent::Close) emit closed();
+    if (event->type() == QEvent::Resize) followResizing(watched);
     return QObject::eventFilter(watched, event);
 }
 
@@ -140,16 +144,18 @@ void MyDocument::changeThousandsSeparatorCharacter(std::int32_t choice) {
         case 0: documentNumberFormatterSettings_.setThousandsCharacter(u","); break;
         case 1: documentNumberFormatterSettings_.setThousandsCharacter(u" "); break;
         case 2: documentNumberFormatterSettings_.setThousandsCharacter(u"'"); break;
-        default: break;
+        default: return;
     }
+    reloadSidebar();
 }
 
 void MyDocument::changeExponentCharacter(std::int32_t choice) {
     switch (choice) {
         case 0: documentNumberFormatterSettings_.setExponentCharacter(u"e"); break;
         case 1: documentNumberFormatterSettings_.setExponentCharacter(u"E"); break;
-        default: break;
+        default: return;
     }
+    reloadSidebar();
 }
 
 TXHistoryViewerTextView* MyDocument::mainField() const { return ui_->mainField; }

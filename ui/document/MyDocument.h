@@ -14,10 +14,13 @@
 #include "ui/document/TXFormulaScrollerController.h"
 
 class MiniModeAnswerField;
+class QSplitter;
 struct StoredAnswer;
 class TXFormulaEnteringMiniModeTextField;
 class TXFormulaEnteringTextView;
 class TXHistoryViewerTextView;
+class TXOutlineView;
+class TXVariableOutlineViewController;
 class TXWindow;
 
 namespace Ui {
@@ -84,6 +87,18 @@ public:
     /// Chooses the exponent character: 0 "e", 1 "E". Any other choice does nothing.
     void changeExponentCharacter(std::int32_t choice);
 
+    /// Shows the session's variables in the sidebar as they are now, in the present format.
+    void reloadSidebar();
+    bool isSidebarShown() const;
+    /// Shows or hides the sidebar. When it goes with the focus, the entry line gets the focus.
+    void setSidebarShown(bool isShown);
+
+    /// To be asked before a window changes its size: notes the sizes of the panes that are to stay, and gives the size
+    /// that the window may have. Only the width of the mini window can change.
+    QSize windowWillResize(const QWidget& window, QSize toSize);
+    /// To be told after the full window changed its size: gives the sidebar its width back and the entry its height.
+    void windowDidResize();
+
     TXWindow* documentWindow() const { return documentWindow_.get(); }
     QWidget* miniWindow() const { return miniWindow_.get(); }
     /// The window in use: the full or the mini one.
@@ -105,9 +120,26 @@ public:
     /// There is none: nullptr.
     static QWidget* variableSearchField() { return nullptr; }
 
-    /// The widths and heights that panes keep, and the answer format, as they are at the start.
+    TXOutlineView* variableOutlineView() const;
+    TXVariableOutlineViewController* variableOutlineViewController() const {
+        return variableOutlineViewController_.get();
+    }
+    /// What is searched in the sidebar: nothing, as long as it has no search field.
+    bool currentlySearchingVariableTable() const;
+    const QString& currentVariableSearchString() const;
+    std::uint16_t currentVariable() const;
+
+    /// The sidebar beside the rest, and the pane of it that keeps its width.
+    QSplitter* mySplitView() const;
+    QWidget* controlledView() const;
+    /// The history above the entry, and the entry's pane, which keeps its height.
+    QSplitter* secondarySplitView() const;
+    QWidget* secondaryControlledView() const;
+    /// The width of the sidebar before the window last changed its size, and then: first the height of the entry's pane
+    /// before it, afterwards where the divider above it was put.
     float currentWidth() const { return currentWidth_; }
     float secondaryCurrentWidth() const { return secondaryCurrentWidth_; }
+    /// How answers are formatted, as it is at the start.
     std::int32_t answerFormatting() const { return answerFormatting_; }
     const QFont& documentFont() const { return documentFont_; }
 
@@ -129,6 +161,9 @@ private:
     void init();
     void loadWindows();
     void prepareMiniWindow();
+    void prepareSidebar();
+    void showSidebarForTheFirstTime();
+    void followResizing(const QObject* watched);
     void fixHeightOfMiniWindow();
     void takeUserDefaults();
     QString variableNameOf(const TXResult& result) const;
@@ -152,6 +187,8 @@ private:
     float secondaryCurrentWidth_ = 0.0F;
     std::int32_t answerFormatting_ = 0;
     bool isSmallWindowShown_ = false;
+    bool isBeingResized_ = false;
+    std::unique_ptr<TXVariableOutlineViewController> variableOutlineViewController_;
 
     // Last, so that the windows go first.
     std::unique_ptr<TXWindow> documentWindow_;

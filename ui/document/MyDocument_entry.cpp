@@ -52,6 +52,7 @@ void MyDocument::equationEntered() {
     const Answer answer = answerOf(*result);
     appendToHistory(answer);
     if (isSmallWindowShown_) showInMiniWindow(answer);
+    reloadSidebar();
     documentFormulaScrollerController_.addCalculatedString(entry->text());
     entry->selectWholeText();
 }

@@ -1,3 +1,232 @@
+// What the sidebar does when it is clicked, when keys are pressed in it, and when something of it is copied.
+
 #include "ui/document/TXOutlineView.h"
 
-TXOutlineView::TXOutlineView(QWidget* parent) : QTreeView(parent) { setHeaderHidden(true); }
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QMenu>
+#include <QToolTip>
+
+#include "engine/records/TXVariable.h"
+#include "ui/document/MyDocument.h"
+#include "ui/document/OutlineRowDelegate.h"
+#include "ui/document/TXVariableOutlineViewController.h"
+
+namespace {
+
+constexpr int indentationOfLevel = 12;
+constexpr QMargins viewportMargin(6, 6, 0, 6);  // At the end is the place of the scroll bar.
+
+enum CopyTag { copyName = 0, copyValue = 1, copyNameAndValue = 2 };
+
+QString nameOf(const TXVariable& variable) {
+    const std::u16string_view name = variable.variableName();
+    return QString::fromUtf16(name.data(), static_cast<qsizetype>(name.size()));
+}
+
+bool isReturn(const QKeyEvent& event) { return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter; }
+
+bool opensContextMenu(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Menu || (event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier);
+}
+
+}  // namespace
+
+TXOutlineView::TXOutlineView(QWidget* parent) : QTreeView(parent) {
+    setHeaderHidden(true);
+    header()->setStretchLastSection(false);
+    setUniformRowHeights(true);
+    setIndentation(indentationOfLevel);
+    setItemDelegate(new OutlineRowDelegate(this));
+    setEditTriggers(NoEditTriggers);
+    setSelectionMode(SingleSelection);
+    setTextElideMode(Qt::ElideRight);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollMode(ScrollPerPixel);
+    setViewportMargins(viewportMargin);
+    viewport()->setBackgroundRole(QPalette::Window);
+    setDragEnabled(true);
+    setDragDropMode(DragDrop);
+    setDefaultDropAction(Qt::CopyAction);
+    setDropIndicatorShown(false);
+    connect(this, &QTreeView::expanded, this, &TXOutlineView::showFolding);
+    connect(this, &QTreeView::collapsed, this, &TXOutlineView::leaveFolded);
+}
+
+TXOutlineView::~TXOutlineView() = default;
+
+void TXOutlineView::awakeFromNib() {
+    wrappingMenu_ = new QMenu("Variable Cache Menu", this);
+    const std::pair<const char*, CopyTag> entries[] = {
+        {"Copy Variable Name", copyName},
+        {"Copy Formatted Variable Value", copyValue},
+        {"Copy Variable Name And Formatted Value", copyNameAndValue},
+    };
+    for (const auto& [title, tag] : entries) {
+        QAction* entry = wrappingMenu_->addAction(title);
+        entry->setData(tag);
+        connect(entry, &QAction::triggered, this, [this, entry] { copyVariableInfo(entry); });
+    }
+}
+
+void TXOutlineView::setController(TXVariableOutlineViewController* controller) {
+    controller_ = controller;
+    setModel(controller);
+}
+
+void TXOutlineView::reloadData() {
+    const int groups = controller_->rowCount();
+    for (int row = 0; row < groups; ++row) {
+        controller_->numberOfChildrenOfItem(controller_->itemAt(controller_->index(row, 0)));
+    }
+    viewport()->update();
+}
+
+void TXOutlineView::expandItem(const QModelIndex& item, bool expandChildren) {
+    if (item.isValid()) expand(item);
+    if (!expandChildren) return;
+    for (int row = 0; row < model()->rowCount(item); ++row) {
+        const QModelIndex child = model()->index(row, 0, item);
+        if (model()->hasChildren(child) || !item.isValid()) expandItem(child, false);
+    }
+}
+
+QModelIndex TXOutlineView::selectedIndex() const {
+    const QModelIndexList selected = selectionModel()->selectedIndexes();
+    return selected.isEmpty() ? QModelIndex() : selected.first();
+}
+
+const TXVariable* TXOutlineView::selectedVariable() const { return controller_->variableAt(selectedIndex()); }
+
+QMenu* TXOutlineView::menuForEvent(const QContextMenuEvent& event) {
+    // A key means the selected row, wherever the pointer is.
+    const bool isClick = event.reason() != QContextMenuEvent::Keyboard;
+    const QModelIndex clicked = isClick ? indexAt(event.pos()) : QModelIndex();
+    if (clicked.isValid()) selectionModel()->setCurrentIndex(clicked, QItemSelectionModel::ClearAndSelect);
+    return selectedVariable() != nullptr ? wrappingMenu_ : nullptr;
+}
+
+void TXOutlineView::contextMenuEvent(QContextMenuEvent* event) {
+    QMenu* menu = menuForEvent(*event);
+    if (menu == nullptr) return;
+    if (event->reason() == QContextMenuEvent::Keyboard) {
+        scrollTo(selectedIndex());
+        menu->popup(viewport()->mapToGlobal(visualRect(selectedIndex()).bottomLeft()));
+    } else {
+        menu->popup(event->globalPos());
+    }
+}
+
+void TXOutlineView::copyVariableInfo(const QAction* sender) {
+    const TXVariable* variable = selectedVariable();
+    if (variable == nullptr) return;
+    QClipboard* pasteboard = QGuiApplication::clipboard();
+    switch (sender->data().toInt()) {
+        case copyName: pasteboard->setText(nameOf(*variable)); break;
+        case copyValue: pasteboard->setText(controller_->formattedValueOf(*variable)); break;
+        case copyNameAndValue:
+            pasteboard->setText(nameOf(*variable) + u'=' + controller_->formattedValueOf(*variable));
+            break;
+        default: break;
+    }
+}
+
+void TXOutlineView::copy() { copyVariableInfo(wrappingMenu_->actions().at(copyNameAndValue)); }
+
+void TXOutlineView::mouseDown(QMouseEvent* event) {
+    if (event->modifiers().testFlag(Qt::AltModifier)) controller_->prepareForSelectionWithOptionClick();
+    const QModelIndex index = indexAt(event->pos());
+    isPressTaken_ = true;
+    if (foldingMarkRect(index).contains(event->pos())) {
+        setExpanded(index, !isExpanded(index));
+    } else if (!index.isValid() || controller_->shouldSelectItem(controller_->itemAt(index))) {
+        isPressTaken_ = false;
+        QTreeView::mousePressEvent(event);
+    }
+}
+
+// The other buttons select nothing, and begin no drag: a right click selects when its menu opens.
+void TXOutlineView::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) mouseDown(event);
+}
+
+void TXOutlineView::mouseMoveEvent(QMouseEvent* event) {
+    if (!isPressTaken_) QTreeView::mouseMoveEvent(event);
+}
+
+void TXOutlineView::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) return;
+    if (!isPressTaken_) QTreeView::mouseReleaseEvent(event);
+    isPressTaken_ = false;
+}
+
+void TXOutlineView::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) return;
+    const QModelIndex index = indexAt(event->pos());
+    if (event->modifiers().testFlag(Qt::AltModifier) || foldingMarkRect(index).contains(event->pos())) {
+        mouseDown(event);
+    } else {
+        isPressTaken_ = true;
+        enterNameOrFold(index);
+    }
+}
+
+void TXOutlineView::enterNameOrFold(const QModelIndex& index) {
+    if (const TXVariable* variable = controller_->variableAt(index)) {
+        parentDocument_->insertTextIntoEnteringBox(nameOf(*variable));
+    } else if (index.isValid()) {
+        setExpanded(index, !isExpanded(index));
+    }
+}
+
+// Not the tree's own keys, which would take + - and * for folding.
+void TXOutlineView::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Copy)) {
+        copy();
+    } else if (isReturn(*event)) {
+        enterNameOrFold(selectedIndex());
+    } else if (opensContextMenu(*event)) {
+        QContextMenuEvent asked(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+        contextMenuEvent(&asked);
+    } else {
+        QAbstractItemView::keyPressEvent(event);
+    }
+}
+
+QItemSelectionModel::SelectionFlags TXOutlineView::selectionCommand(const QModelIndex& index,
+                                                                    const QEvent* event) const {
+    // The mouse has asked already.
+    const bool isKey = event != nullptr && event->type() == QEvent::KeyPress;
+    if (isKey && index.isValid() && !controller_->shouldSelectItem(controller_->itemAt(index))) {
+        return QItemSelectionModel::NoUpdate;
+    }
+    return QTreeView::selectionCommand(index, event);
+}
+
+void TXOutlineView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+    QAbstractItemView::selectionChanged(selected, deselected);
+    emit copyAvailable(selectedVariable() != nullptr);
+}
+
+void TXOutlineView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QAbstractItemView::currentChanged(current, previous);
+}
+
+bool TXOutlineView::viewportEvent(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) return showToolTip(*static_cast<QHelpEvent*>(event));
+    return QTreeView::viewportEvent(event);
+}
+
+bool TXOutlineView::showToolTip(const QHelpEvent& event) {
+    const QModelIndex index = indexAt(event.pos());
+    const QString text = index.data().toString();
+    if (isElided(index, text)) {
+        QToolTip::showText(event.globalPos(), OutlineRowDelegate::toolTipOf(text), viewport(), visualRect(index));
+    } else {
+        QToolTip::hideText();
+    }
+    return true;
+}

@@ -1,0 +1,83 @@
+#include "ui/document/OutlineRowDelegate.h"
+
+#include <QApplication>
+#include <QFontMetrics>
+#include <QStyle>
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double readableContrast = 4.5;
+constexpr qsizetype longestShownText = 1000;  // More is never in sight, and would take long to lay out.
+constexpr qsizetype toolTipLine = 80;
+constexpr qsizetype longestToolTip = 4000;
+
+// How bright a colour looks, from 0 to 1, as the guidelines for accessible colours define it.
+double luminance(const QColor& color) {
+    const auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+double contrast(const QColor& one, const QColor& other) {
+    const auto [darker, brighter] = std::minmax({luminance(one), luminance(other)});
+    return (brighter + 0.05) / (darker + 0.05);
+}
+
+/// So much of `color`, from 0 to 1, on the background.
+QColor mixed(const QColor& color, const QColor& background, double share) {
+    const auto part = [share](double front, double back) {
+        return static_cast<float>(front * share + back * (1 - share));
+    };
+    return QColor::fromRgbF(part(color.redF(), background.redF()), part(color.greenF(), background.greenF()),
+                            part(color.blueF(), background.blueF()));
+}
+
+}  // namespace
+
+QFont OutlineRowDelegate::titleFont(QFont font) {
+    font.setBold(true);
+    if (font.pointSizeF() > 1) font.setPointSizeF(font.pointSizeF() - 1);
+    return font;
+}
+
+QColor OutlineRowDelegate::titleColor(const QPalette& palette) {
+    const QColor background = palette.color(QPalette::Window);
+    const QColor placeholder = palette.color(QPalette::PlaceholderText);
+    QColor title = mixed(placeholder, background, placeholder.alphaF());
+    constexpr double step = 0.05;
+    for (double share = step; contrast(title, background) < readableContrast && share < 1; share += step) {
+        title = mixed(palette.color(QPalette::WindowText), title, share);
+    }
+    return title;
+}
+
+void OutlineRowDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (option->text.size() > longestShownText) option->text = option->text.left(longestShownText) + u'…';
+    if (index.parent().isValid()) {
+        option->palette.setColor(QPalette::Text, option->palette.color(QPalette::WindowText));
+    } else {
+        option->font = titleFont(option->font);
+        option->fontMetrics = QFontMetrics(option->font);
+        option->palette.setColor(QPalette::Text, titleColor(option->palette));
+    }
+}
+
+bool OutlineRowDelegate::isElided(const QString& text, const QFont& font, int width, const QWidget& view) {
+    const int margin = view.style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, &view) + 1;
+    return text.size() > longestShownText || QFontMetrics(font).horizontalAdvance(text) > width - 2 * margin;
+}
+
+QString OutlineRowDelegate::toolTipOf(const QString& text) {
+    QString lines;
+    for (qsizetype i = 0; i < std::min(text.size(), longestToolTip); i += toolTipLine) {
+        lines += text.mid(i, toolTipLine) + u'\n';
+    }
+    lines.chop(1);
+    if (text.size() > longestToolTip) lines += u'…';
+    // A tooltip would take some texts for markup.
+    return QStringLiteral("<p style='white-space:pre'>%1</p>").arg(lines.toHtmlEscaped());
+}
