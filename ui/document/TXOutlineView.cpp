@@ -12,6 +12,7 @@
 
 #include "engine/records/TXVariable.h"
 #include "ui/document/MyDocument.h"
+#include "ui/document/OutlineAccessible.h"
 #include "ui/document/OutlineRowDelegate.h"
 #include "ui/document/TXVariableOutlineViewController.h"
 
@@ -36,6 +37,7 @@ bool opensContextMenu(const QKeyEvent& event) {
 }  // namespace
 
 TXOutlineView::TXOutlineView(QWidget* parent) : QTreeView(parent) {
+    QAccessible::installFactory(&OutlineAccessible::make);
     setHeaderHidden(true);
     header()->setStretchLastSection(false);
     setUniformRowHeights(true);
@@ -211,8 +213,15 @@ void TXOutlineView::selectionChanged(const QItemSelection& selected, const QItem
     emit copyAvailable(selectedVariable() != nullptr);
 }
 
+// The tree's own would speak of rows that only it lays out.
 void TXOutlineView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     QAbstractItemView::currentChanged(current, previous);
+    if (!QAccessible::isActive() || !hasFocus()) return;
+    const auto* outline = dynamic_cast<OutlineAccessible*>(QAccessible::queryAccessibleInterface(this));
+    QAccessibleInterface* row = outline != nullptr ? outline->rowOf(current) : nullptr;
+    if (row == nullptr) return;
+    QAccessibleEvent focused(row, QAccessible::Focus);
+    QAccessible::updateAccessibility(&focused);
 }
 
 bool TXOutlineView::viewportEvent(QEvent* event) {
