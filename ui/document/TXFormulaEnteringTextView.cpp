@@ -135,6 +135,7 @@ void TXFormulaEnteringTextView::insertFromMimeData(const QMimeData* source) {
     QTextCursor cursor = textCursor();
     insertInOneStep(cursor, line);
     setTextCursor(cursor);
+    setFocus();  // What was dropped is typed on.
 }
 
 bool TXFormulaEnteringTextView::canInsertFromMimeData(const QMimeData* source) const {

@@ -100,4 +100,14 @@ TEST(TXVariableArray, clearForgetsVariablesAndNames) {
     EXPECT_EQ(variables.indexOf(u"a"), -1);
 }
 
+TEST(TXVariableArray, countsHowOftenItWasCleared) {
+    TXVariableArray variables;
+    EXPECT_EQ(variables.timesCleared(), 0U);
+    variables.append(named(u"a"));
+    EXPECT_EQ(variables.timesCleared(), 0U);
+    variables.clear();
+    variables.clear();
+    EXPECT_EQ(variables.timesCleared(), 2U);
+}
+
 }  // namespace
