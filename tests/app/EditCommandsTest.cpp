@@ -6,6 +6,7 @@
 #include <QMenuBar>
 
 #include "tests/support/ApplicationTest.h"
+#include "ui/document/TXOutlineView.h"
 
 namespace {
 
@@ -74,6 +75,26 @@ TEST_F(EditMenu, onlyReadsTheHistory) {
     EXPECT_EQ(enabled(), QStringList({"copy", "selectAll"}));
     trigger(document, "copyAction");
     EXPECT_EQ(clipboard(), "2+3\n\t= 5");
+    entry->setFocus();
+    EXPECT_TRUE(enabled().contains("paste"));
+}
+
+TEST_F(EditMenu, copiesASelectedVariable) {
+    QTest::keyClicks(entry, "x=4");
+    QTest::keyClick(entry, Qt::Key_Return);
+    TXOutlineView* const sidebar = document.variableOutlineView();
+    sidebar->setFocus();
+    EXPECT_EQ(enabled(), QStringList());
+    QTest::keyClick(sidebar, Qt::Key_End);
+    EXPECT_EQ(enabled(), QStringList({"copy"}));
+    trigger(document, "copyAction");
+    EXPECT_EQ(clipboard(), "x=4");
+    QGuiApplication::clipboard()->clear();
+    QTest::keyClick(sidebar, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(clipboard(), "x=4");
+    QTest::keyClick(sidebar, Qt::Key_Up);  // to a title
+    EXPECT_EQ(enabled(), QStringList());
+    QTest::keyClick(sidebar, Qt::Key_End);
     entry->setFocus();
     EXPECT_TRUE(enabled().contains("paste"));
 }

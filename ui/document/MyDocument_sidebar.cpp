@@ -50,7 +50,9 @@ void MyDocument::reloadSidebar() { variableOutlineView()->reloadData(); }
 bool MyDocument::isSidebarShown() const { return !controlledView()->isHidden(); }
 
 void MyDocument::setSidebarShown(bool isShown) {
+    if (isShown == isSidebarShown()) return;
     const bool hadFocus = variableOutlineView()->hasFocus();
+    if (!isShown) currentWidth_ = static_cast<float>(controlledView()->width());
     controlledView()->setVisible(isShown);
     if (hadFocus && !isShown) formulaTextView()->setFocus();
 }
