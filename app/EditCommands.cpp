@@ -22,11 +22,11 @@ void withTextView(QWidget* widget, const Operation& operation) {
 
 }  // namespace
 
-EditCommands::EditCommands(QWidget* window, const Actions& actions)
-    : QObject(window), window_(window), actions_(actions) {
+EditCommands::EditCommands(const QList<QWidget*>& windows, const Actions& actions)
+    : QObject(windows.first()), windows_(windows), actions_(actions) {
     connectActions();
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { moveFocus(now); });
-    follow(window->focusWidget());
+    follow(windows.first()->focusWidget());
 }
 
 void EditCommands::connectActions() {
@@ -47,7 +47,7 @@ void EditCommands::connectActions() {
 
 // While a menu is open, or another window is active, the commands stay with the text view that had the focus.
 void EditCommands::moveFocus(QWidget* widget) {
-    const bool isInWindow = widget != nullptr && widget->window() == window_;
+    const bool isInWindow = widget != nullptr && windows_.contains(widget->window());
     if (isInWindow && qobject_cast<QMenuBar*>(widget) == nullptr) follow(widget);
 }
 

@@ -1,13 +1,14 @@
 #pragma once
 
+#include <QList>
 #include <QObject>
 #include <QPointer>
 
 class QAction;
 class QWidget;
 
-/// Lets the entries of the Edit menu work on the text view, or the variables, of a window that have the focus, or had
-/// it before a menu was opened.
+/// Lets the entries of the Edit menu work on the text view, or the variables, of a document's windows that have the focus,
+/// or had it before a menu was opened.
 class EditCommands : public QObject {
     Q_OBJECT
 
@@ -21,8 +22,8 @@ public:
         QAction* selectAll;
     };
 
-    /// The window owns the commands.
-    EditCommands(QWidget* window, const Actions& actions);
+    /// The first of the windows owns the commands.
+    EditCommands(const QList<QWidget*>& windows, const Actions& actions);
 
 private:
     void connectActions();
@@ -30,7 +31,7 @@ private:
     void follow(QWidget* textView);
     void updateActions();
 
-    QWidget* window_;
+    QList<QWidget*> windows_;
     Actions actions_;
     QPointer<QWidget> textView_;
 };

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QMenu>
 #include <QShortcut>
 
 #include "app/AppPreferencesController.h"
@@ -10,18 +11,41 @@
 #include "app/TXGreekLetterPanel.h"
 #include "app/messages.h"
 #include "ui/document/MyDocument.h"
+#include "ui/document/PullDownButton.h"
 #include "ui/document/TXWindow.h"
 #include "ui_MainMenu.h"
 
 namespace {
 
 constexpr int lastMnemonicDigit = 9;
+constexpr int typeCount = 7;
 
 /// The entry of the window with this number, from 1, in the list of windows.
 QString windowEntry(int number, const QString& title) {
     QString shown = title;
     shown.replace(u'&', QStringLiteral("&&"));
     return number <= lastMnemonicDigit ? QStringLiteral("&%1 %2").arg(number).arg(shown) : shown;
+}
+
+/// Lets `copy` have what `original` has: the same entries, and submenus that repeat its submenus.
+void repeatMenu(const QMenu& original, QMenu* copy) {
+    const auto follow = [](const QAction* followed, QAction* follower) {
+        follower->setEnabled(followed->isEnabled());
+        follower->setCheckable(followed->isCheckable());
+        follower->setChecked(followed->isChecked());
+    };
+    const auto connectTo = [&follow](const QAction* followed, QAction* follower) {
+        QObject::connect(followed, &QAction::changed, follower, [=] { follow(followed, follower); });
+        follow(followed, follower);
+    };
+    connectTo(original.menuAction(), copy->menuAction());
+    for (QAction* entry : original.actions()) {
+        if (entry->menu() != nullptr) {
+            repeatMenu(*entry->menu(), copy->addMenu(entry->text()));
+        } else {
+            copy->addAction(entry);
+        }
+    }
 }
 
 }  // namespace
@@ -40,10 +64,13 @@ MainMenu::MainMenu(MyDocument& document, DocumentController& documents, AppPrefe
     ui_->setupUi(window_);
     connectFileMenu();
     connectEditMenu();
+    fillFormatMenu();
     connectViewMenu();
+    connectMiniMode();
     connectWindowMenu();
     connectHelpMenu();
     addKeys();
+    shareKeysWithMiniWindow();
 }
 
 MainMenu::~MainMenu() = default;
@@ -67,9 +94,33 @@ void MainMenu::connectEditMenu() {
     ui_->cutAction->setShortcuts({QKeySequence("Ctrl+X"), QKeySequence("Shift+Del")});
     ui_->copyAction->setShortcuts({QKeySequence("Ctrl+C"), QKeySequence("Ctrl+Ins")});
     ui_->pasteAction->setShortcuts({QKeySequence("Ctrl+V"), QKeySequence("Shift+Ins")});
-    new EditCommands(window_, {ui_->undoAction, ui_->redoAction, ui_->cutAction, ui_->copyAction, ui_->pasteAction,
-                               ui_->selectAllAction});
+    new EditCommands({window_, document_.miniWindow()}, {ui_->undoAction, ui_->redoAction, ui_->cutAction,
+                                                         ui_->copyAction, ui_->pasteAction, ui_->selectAllAction});
     connect(ui_->preferencesAction, &QAction::triggered, &preferences_, &AppPreferencesController::ShowPreferencePanel);
+}
+
+// The entries of the buttons below the entry line, so that both always say the same.
+void MainMenu::fillFormatMenu() {
+    const PullDownButton& types = *document_.formattingTypeButton();
+    for (int type = 1; type <= typeCount; ++type) ui_->numberFormatMenu->addAction(types.itemAtIndex(type));
+    ui_->formatMenu->insertAction(ui_->angleUnitMenu->menuAction(), types.menu()->actions().last());
+    repeatMenu(*document_.numberFormattingButton()->menu(), ui_->digitsMenu);
+    ui_->angleUnitMenu->addActions(document_.angleUnitActions());
+}
+
+void MainMenu::connectMiniMode() {
+    QAction* const miniMode = ui_->miniModeAction;
+    connect(miniMode, &QAction::triggered, &document_, &MyDocument::windowShouldZoom);
+    connect(&document_, &MyDocument::miniModeChanged, miniMode, &QAction::setChecked);
+
+    QAction* const keepOnTop = ui_->keepMiniWindowOnTopAction;
+    keepOnTop->setEnabled(MyDocument::canKeepMiniWindowOnTop(QGuiApplication::platformName()));
+    keepOnTop->setChecked(document_.keepsMiniWindowOnTop());
+    connect(keepOnTop, &QAction::triggered, &document_, &MyDocument::setKeepsMiniWindowOnTop);
+    connect(&document_, &MyDocument::keepsMiniWindowOnTopChanged, this, [this, keepOnTop](bool isOnTop) {
+        keepOnTop->setChecked(isOnTop);
+        for (MyDocument* document : documents_.documents()) document->setKeepsMiniWindowOnTop(isOnTop);
+    });
 }
 
 void MainMenu::connectViewMenu() {
@@ -80,7 +131,7 @@ void MainMenu::connectViewMenu() {
 }
 
 void MainMenu::connectWindowMenu() {
-    connect(ui_->minimizeAction, &QAction::triggered, window_, &QWidget::showMinimized);
+    connect(ui_->minimizeAction, &QAction::triggered, this, [this] { document_.activeWindow()->showMinimized(); });
     connect(ui_->inspectorAction, &QAction::triggered, &preferences_, &AppPreferencesController::showInspector);
     connect(ui_->windowMenu, &QMenu::aboutToShow, this, &MainMenu::listWindows);
 }
@@ -99,7 +150,16 @@ void MainMenu::connectHelpMenu() {
 // The keys that no entry of a menu stands for.
 void MainMenu::addKeys() {
     connect(new QShortcut(QKeySequence(Qt::Key_F10), window_), &QShortcut::activated, ui_->menuBar, &MenuBar::open);
-    connect(new QShortcut(QKeySequence(Qt::Key_F6), window_), &QShortcut::activated, this, &MainMenu::moveToPanel);
+    for (QWidget* window : {static_cast<QWidget*>(window_), document_.miniWindow()}) {
+        connect(new QShortcut(QKeySequence(Qt::Key_F6), window), &QShortcut::activated, this, &MainMenu::moveToPanel);
+    }
+}
+
+// It shows no menu bar, but all the keys work there.
+void MainMenu::shareKeysWithMiniWindow() {
+    for (QAction* action : window_->findChildren<QAction*>()) {
+        if (!action->shortcut().isEmpty()) document_.miniWindow()->addAction(action);
+    }
 }
 
 void MainMenu::listWindows() {
@@ -116,6 +176,7 @@ void MainMenu::listWindows() {
 }
 
 void MainMenu::setFullScreen(bool isFullScreen) {
+    if (document_.isSmallWindowShown()) document_.windowShouldZoom();
     window_->setWindowState(window_->windowState().setFlag(Qt::WindowFullScreen, isFullScreen));
 }
 

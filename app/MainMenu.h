@@ -28,7 +28,10 @@ private:
 
     void connectFileMenu();
     void connectEditMenu();
+    void fillFormatMenu();
     void connectViewMenu();
+    void connectMiniMode();
+    void shareKeysWithMiniWindow();
     void connectWindowMenu();
     void connectHelpMenu();
     void addKeys();

@@ -21,6 +21,8 @@ constexpr double entryPointSize = 15.0;
 constexpr double miniEntryPointSize = 13.0;
 constexpr QColor miniBackground(0x2A, 0x2B, 0x2F);
 constexpr float shadowOpacity = 0.6F;
+constexpr double miniLabelPointSize = 11.0;
+constexpr QColor miniLabelColor(255, 255, 255, 178);
 
 QFont sized(QFont font, double points) {
     font.setPointSizeF(points);
@@ -68,8 +70,11 @@ void MyDocument::loadWindows() {
     mainField()->setParentDocument(this);
     formulaTextView()->setFont(sized(documentFont_, entryPointSize));
     ui_->secondaryControlledView->setBackgroundRole(QPalette::Base);  // one sheet with the history
+    ui_->bottomBarLine->setBackgroundRole(QPalette::Mid);
+    prepareFormatControls();
     prepareMiniWindow();
     prepareSidebar();
+    prepareMiniMode();
     for (TXFormulaEnteringTextView* entry :
          std::initializer_list<TXFormulaEnteringTextView*>{formulaTextView(), miniModeformulaTextView()}) {
         entry->setParentDocument(this);
@@ -86,6 +91,10 @@ void MyDocument::prepareMiniWindow() {
     colors.setColor(QPalette::WindowText, Qt::white);
     miniWindow_->setPalette(colors);
     miniModeformulaTextView()->setFont(sized(documentFont_, miniEntryPointSize));
+    QPalette labelColors = colors;
+    labelColors.setColor(QPalette::WindowText, miniLabelColor);
+    miniUi_->miniModeFormatLabel->setPalette(labelColors);
+    miniUi_->miniModeFormatLabel->setFont(sized(documentFont_, miniLabelPointSize));
 }
 
 // With the fonts known: only the width is the user's to change.
@@ -113,6 +122,7 @@ void MyDocument::takeUserDefaults() {
     const std::u16string thousandsCharacter =
         defaults.stringForKey(TXUserDefaultsKey::thousandsSeparatorCharacter).toStdU16String();
     documentEquationController_.setUseRadians(usesRadians);
+    refreshAngleUnit();
     if (exponentCharacter == u"E") documentNumberFormatterSettings_.setExponentCharacter(u"E");
     // Whatever else is stored, the settings' own characters stay.
     if (thousandsCharacter == u" " || thousandsCharacter == u"'") {
@@ -134,7 +144,11 @@ void MyDocument::close() { activeWindow()->close(); }
 bool MyDocument::eventFilter(QObject* watched, QEvent* event) {
     const bool isWindow = watched == documentWindow_.get() || watched == miniWindow_.get();
     if (isWindow && event->type() == QEvent::WindowActivate) emit activated();
-    if (isWindow && event->type() == QEvent::Close) emit closed();
+    if (isWindow && event->type() == QEvent::Close) {
+        if (watched == miniWindow()) rememberMiniWindow();
+        emit closed();
+    }
+    if (isZoomRequest(watched, *event)) QMetaObject::invokeMethod(this, &MyDocument::leaveZoom, Qt::QueuedConnection);
     if (event->type() == QEvent::Resize) followResizing(watched);
     return QObject::eventFilter(watched, event);
 }
@@ -146,7 +160,7 @@ void MyDocument::changeThousandsSeparatorCharacter(std::int32_t choice) {
         case 2: documentNumberFormatterSettings_.setThousandsCharacter(u"'"); break;
         default: return;
     }
-    reloadSidebar();
+    answerFormatChanged();
 }
 
 void MyDocument::changeExponentCharacter(std::int32_t choice) {
@@ -155,7 +169,7 @@ void MyDocument::changeExponentCharacter(std::int32_t choice) {
         case 1: documentNumberFormatterSettings_.setExponentCharacter(u"E"); break;
         default: return;
     }
-    reloadSidebar();
+    answerFormatChanged();
 }
 
 TXHistoryViewerTextView* MyDocument::mainField() const { return ui_->mainField; }

@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QFont>
+#include <QList>
 #include <QObject>
 #include <QTextDocumentFragment>
 #include <cstdint>
@@ -14,7 +15,11 @@
 #include "ui/document/TXFormulaScrollerController.h"
 
 class MiniModeAnswerField;
+class PullDownButton;
+class QAction;
+class QMenu;
 class QSplitter;
+class SegmentedControl;
 struct StoredAnswer;
 class TXFormulaEnteringMiniModeTextField;
 class TXFormulaEnteringTextView;
@@ -87,6 +92,35 @@ public:
     /// Chooses the exponent character: 0 "e", 1 "E". Any other choice does nothing.
     void changeExponentCharacter(std::int32_t choice);
 
+    // MyDocument_formats.cpp: the controls below the entry line. What is in the history already stays as it is.
+    /// Takes the notation that was chosen in `sender`, whose items 1 to 7 are the formatting types. Binary, octal and
+    /// hexadecimal have no choice of digits.
+    void changeNumberFormatting(PullDownButton* sender);
+    /// Takes over whether `sender`, which flips when it is chosen, is checked.
+    void changeThousandsSeparators(const QAction* sender);
+    /// The same for zeros after the last digit.
+    void changeAddZerosAfterDigits(const QAction* sender);
+    /// Takes the digits for which `sender` stands. Its data counts them as the settings do: 0 automatic, 1 to 10
+    /// significant figures, 11 to 21 that many decimal places and 11. Anything else does nothing.
+    void changeDigitFormatting(QAction* sender);
+    /// Lets the digit button say what the settings are. There is no title for 22 and more.
+    void refreshDigitFormattingPopUpButtonTitle();
+    /// Takes the angle unit that `sender` shows: segment 0 is radians.
+    void changeDegreesRadians(const SegmentedControl* sender);
+
+    // MyDocument_miniMode.cpp
+    /// Changes from the full window to the mini window or back, with the line, its selection and its flags. Always
+    /// false: no window is ever zoomed.
+    bool windowShouldZoom();
+    /// Whether the mini window stays above the windows of other programs. It is remembered for new documents.
+    bool keepsMiniWindowOnTop() const { return keepsMiniWindowOnTop_; }
+    void setKeepsMiniWindowOnTop(bool isOnTop);
+    /// Whether a program can have this on a platform, named as Qt names it.
+    static bool canKeepMiniWindowOnTop(const QString& platform);
+    /// Adds what the mini window, which has no menu bar, offers with a right click.
+    void addMiniModeCommands(QMenu* menu);
+
+    // MyDocument_sidebar.cpp
     /// Shows the session's variables in the sidebar as they are now, in the present format.
     void reloadSidebar();
     bool isSidebarShown() const;
@@ -107,8 +141,17 @@ public:
     TXFormulaEnteringTextView* formulaTextView() const;
     TXFormulaEnteringMiniModeTextField* miniModeformulaTextView() const;
     MiniModeAnswerField* miniModeAnswerField() const;
+    /// The notation, and the switch for thousands separators.
+    PullDownButton* formattingTypeButton() const;
+    /// The digits; its title says which.
+    PullDownButton* numberFormattingButton() const;
+    SegmentedControl* degreesRadiansSegmentedControl() const;
+    /// Radians and degrees as entries of a menu.
+    const QList<QAction*>& angleUnitActions() const { return angleUnitActions_; }
     /// The entry line of the window in use.
     TXFormulaEnteringTextView* activeFormulaTextView() const;
+    /// The window in use.
+    QWidget* activeWindow() const;
 
     TXFormulaScrollerController& documentFormulaScrollerController() { return documentFormulaScrollerController_; }
     TXEquationController& documentEquationController() { return documentEquationController_; }
@@ -154,6 +197,9 @@ signals:
     void activated();
     /// The document's window was closed: the document has done its work.
     void closed();
+    /// The other of the two windows is the one in use now.
+    void miniModeChanged(bool isMini);
+    void keepsMiniWindowOnTopChanged(bool isOnTop);
 
 private:
     struct Answer;
@@ -170,6 +216,24 @@ private:
     Answer answerOf(const TXResult& result);
     void appendToHistory(const Answer& answer);
     void showInMiniWindow(const Answer& answer) const;
+    void showLastAnswerInMiniWindow();
+    void prepareFormatControls();
+    void fillFormattingTypeMenu();
+    void fillDigitMenu();
+    QAction* addDigitItem(QMenu* menu, int tag, const QString& text);
+    void addAngleUnitActions();
+    void uncheckDigitItems();
+    void refreshAddZerosItem(int tag);
+    static QString digitTitle(unsigned int index);
+    void refreshAngleUnit();
+    void answerFormatChanged();
+    void prepareMiniMode();
+    void leaveZoom();
+    void placeMiniWindow();
+    void rememberMiniWindow() const;
+    bool isZoomRequest(const QObject* window, const QEvent& event) const;
+    void refreshMiniModeFormatLabel();
+    void showMiniModeMenu(const QPoint& position);
     void showSorry(const QString& message);
 
     std::unique_ptr<Ui::MyDocument> ui_;
@@ -189,6 +253,8 @@ private:
     bool isSmallWindowShown_ = false;
     bool isBeingResized_ = false;
     std::unique_ptr<TXVariableOutlineViewController> variableOutlineViewController_;
+    bool keepsMiniWindowOnTop_ = false;
+    QList<QAction*> angleUnitActions_;
 
     // Last, so that the windows go first.
     std::unique_ptr<TXWindow> documentWindow_;

@@ -7,6 +7,8 @@
 #include "ui/document/MiniModeAnswerField.h"
 #include "ui/document/TXFormulaEnteringMiniModeTextField.h"
 #include "ui/document/TXHistoryViewerTextView.h"
+#include "ui_MiniWindow.h"
+#include "ui_MyDocument.h"
 
 namespace {
 
@@ -102,11 +104,19 @@ void MyDocument::showInMiniWindow(const Answer& answer) const {
     font.setPointSizeF(answer.isError ? errorPointSize : answerPointSize);
     MiniModeAnswerField* field = miniModeAnswerField();
     field->setFont(font);
+    miniUi_->miniModeFormatLabel->setHidden(answer.isError);  // An error needs the room, and has no format.
     if (answer.isError) {
         field->showError(answer.miniForm);
     } else {
         field->showAnswer(answer.miniForm);
     }
+}
+
+// In the format of now, which need not be that of the history.
+void MyDocument::showLastAnswerInMiniWindow() {
+    const auto& equations = documentEquationController_.equationsArray();
+    const TXResult* result = equations.empty() ? nullptr : equations.back().lastResult();
+    showInMiniWindow(result != nullptr ? answerOf(*result) : Answer());
 }
 
 void MyDocument::insertTextIntoEnteringBox(const QString& text) const {

@@ -1,11 +1,14 @@
 #include "ui/document/TXFormulaEnteringMiniModeTextField.h"
 
 #include <QApplication>
+#include <QMenu>
 #include <QMimeData>
 #include <QPainter>
 #include <QTextBlock>
 #include <QTextLayout>
 #include <memory>
+
+#include "ui/document/MyDocument.h"
 
 namespace {
 
@@ -53,6 +56,12 @@ QMimeData* TXFormulaEnteringMiniModeTextField::createMimeDataFromSelection() con
     auto copied = std::make_unique<QMimeData>();
     writeSelectionToPasteboard(copied.get(), plainTextType);
     return copied.release();
+}
+
+void TXFormulaEnteringMiniModeTextField::addToContextMenu(QMenu* menu) {
+    if (parentDocument() == nullptr) return;
+    menu->addSeparator();
+    parentDocument()->addMiniModeCommands(menu);
 }
 
 void TXFormulaEnteringMiniModeTextField::paintEvent(QPaintEvent* event) {

@@ -40,6 +40,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void addToContextMenu(QMenu* menu) override;
 
 private:
     QRect insertionPoint() const;

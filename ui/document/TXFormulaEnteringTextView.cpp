@@ -77,6 +77,21 @@ void TXFormulaEnteringTextView::selectWholeText() {
     selectAll();
 }
 
+void TXFormulaEnteringTextView::takeOver(const TXFormulaEnteringTextView& other) {
+    if (text() != other.text()) {
+        setUndoRedoEnabled(false);
+        setText(other.text());
+        setUndoRedoEnabled(true);
+    }
+    const QScopedValueRollback byProgram(isMovedByProgram_, true);
+    QTextCursor cursor = textCursor();
+    cursor.setPosition(other.textCursor().anchor());
+    cursor.setPosition(other.textCursor().position(), QTextCursor::KeepAnchor);
+    setTextCursor(cursor);
+    wasFormulaJustCalculated_ = other.wasFormulaJustCalculated_;
+    permissibleToEnterTextFlag_ = other.permissibleToEnterTextFlag_;
+}
+
 void TXFormulaEnteringTextView::insertText(const QString& text) {
     if (text.startsWith(u'\n')) {
         if (parentDocument_ != nullptr) parentDocument_->equationEntered();

@@ -3,6 +3,7 @@
 #include <QPlainTextEdit>
 
 class MyDocument;
+class QMenu;
 
 /// The entry line of a document: one line of plain text that is calculated with Return.
 ///
@@ -27,6 +28,9 @@ public:
     /// Replaces the whole line, in one step that the user can undo, and puts the caret behind it.
     void setText(const QString& text);
     void selectWholeText();
+    /// Goes on where `other` is: with its line, its selection and its flags. Undo does not lead back behind a line that
+    /// is new here.
+    void takeOver(const TXFormulaEnteringTextView& other);
 
     /// Takes typed text in at the selection, wherever it came from: keys, dead keys or an input method. A text that
     /// starts with a line feed is Return: it calculates and is not inserted.
@@ -60,6 +64,8 @@ protected:
     void insertFromMimeData(const QMimeData* source) override;
     QMimeData* createMimeDataFromSelection() const override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    /// Adds to the menu of a right click what there is beside the commands for text.
+    virtual void addToContextMenu(QMenu* /*menu*/) {}
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
 

@@ -185,5 +185,6 @@ void TXFormulaEnteringTextView::contextMenuEvent(QContextMenuEvent* event) {
     add(tr("&Paste"), QKeySequence::Paste, true, &QPlainTextEdit::paste);
     menu->addSeparator();
     add(tr("Select &All"), QKeySequence::SelectAll, !document()->isEmpty(), &QPlainTextEdit::selectAll);
+    addToContextMenu(menu);
     menu->popup(event->globalPos());
 }

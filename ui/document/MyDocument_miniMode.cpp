@@ -1,0 +1,135 @@
+// From the full window to the mini window and back, and what the mini window has beside its entry line.
+
+#include "ui/document/MyDocument.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QMenu>
+#include <QScreen>
+#include <QWindow>
+#include <algorithm>
+
+#include "ui/UserDefaults.h"
+#include "ui/document/MiniModeAnswerField.h"
+#include "ui/document/PullDownButton.h"
+#include "ui/document/TXFormulaEnteringMiniModeTextField.h"
+#include "ui/document/TXWindow.h"
+#include "ui_MiniWindow.h"
+#include "ui_MyDocument.h"
+
+namespace {
+
+const QString frameKey = QStringLiteral("miniWindowFrame");
+const QString keepOnTopKey = QStringLiteral("keepMiniWindowOnTop");
+
+/// The rectangle moved so that all of it, or at least its upper left, is on a screen.
+QRect movedOntoScreen(QRect frame) {
+    const QScreen* screen = QGuiApplication::screenAt(frame.center());
+    const QRect area = (screen != nullptr ? screen : QGuiApplication::primaryScreen())->availableGeometry();
+    frame.moveRight(std::min(frame.right(), area.right()));
+    frame.moveBottom(std::min(frame.bottom(), area.bottom()));
+    frame.moveLeft(std::max(frame.left(), area.left()));
+    frame.moveTop(std::max(frame.top(), area.top()));
+    return frame;
+}
+
+}  // namespace
+
+void MyDocument::prepareMiniMode() {
+    ui_->miniModeButton->setToolTip(
+        tr("Mini mode (%1)").arg(QKeySequence(QStringLiteral("Ctrl+Shift+M")).toString(QKeySequence::NativeText)));
+    connect(ui_->miniModeButton, &QPushButton::clicked, this, &MyDocument::windowShouldZoom);
+    miniWindow()->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(miniWindow(), &QWidget::customContextMenuRequested, this, &MyDocument::showMiniModeMenu);
+    setKeepsMiniWindowOnTop(UserDefaults().interfaceValueForKey(keepOnTopKey).toBool());
+}
+
+bool MyDocument::windowShouldZoom() {
+    const TXFormulaEnteringTextView* const from = activeFormulaTextView();
+    QWidget* const shown = activeWindow();
+    // A window that is shown again would be placed anew; this makes its place one that was asked for.
+    shown->move(shown->pos());
+    isSmallWindowShown_ = !isSmallWindowShown_;
+    if (isSmallWindowShown_) {
+        miniWindow()->setWindowTitle(documentWindow()->windowTitle());
+        showLastAnswerInMiniWindow();
+        if (!miniWindow()->testAttribute(Qt::WA_Moved)) placeMiniWindow();
+    } else {
+        rememberMiniWindow();
+    }
+    activeFormulaTextView()->takeOver(*from);
+    showWindow();
+    shown->hide();
+    emit miniModeChanged(isSmallWindowShown_);
+    return false;
+}
+
+void MyDocument::placeMiniWindow() {
+    QRect frame = UserDefaults().interfaceValueForKey(frameKey).toRect();
+    if (frame.isEmpty()) {
+        frame = QRect(QPoint(), miniWindow()->size());
+        frame.moveTopRight(documentWindow()->screen()->availableGeometry().topRight());
+    }
+    frame = movedOntoScreen(frame);
+    miniWindow()->resize(frame.width(), miniWindow()->height());
+    miniWindow()->move(frame.topLeft());
+}
+
+// Its place, which is that of the window manager's frame, and its own size.
+void MyDocument::rememberMiniWindow() const {
+    UserDefaults().setInterfaceValue(QRect(miniWindow()->pos(), miniWindow()->size()), frameKey);
+}
+
+bool MyDocument::isZoomRequest(const QObject* window, const QEvent& event) const {
+    if (event.type() != QEvent::WindowStateChange || window != activeWindow()) return false;
+#ifndef Q_OS_MACOS
+    if (!isSmallWindowShown_) return false;
+#endif
+    return activeWindow()->isMaximized();
+}
+
+// The window stays as large as it was, and the other one takes its place.
+void MyDocument::leaveZoom() {
+    if (!activeWindow()->isMaximized()) return;
+    activeWindow()->setWindowState(activeWindow()->windowState() & ~Qt::WindowMaximized);
+    windowShouldZoom();
+}
+
+void MyDocument::setKeepsMiniWindowOnTop(bool isOnTop) {
+    if (isOnTop == keepsMiniWindowOnTop_) return;
+    keepsMiniWindowOnTop_ = isOnTop;
+    UserDefaults().setInterfaceValue(isOnTop, keepOnTopKey);
+    const Qt::WindowFlags flags = miniWindow()->windowFlags().setFlag(Qt::WindowStaysOnTopHint, isOnTop);
+    // On the window itself too, since a widget would be hidden when its flags change.
+    miniWindow()->overrideWindowFlags(flags);
+    if (QWindow* window = miniWindow()->windowHandle()) window->setFlags(flags);
+    emit keepsMiniWindowOnTopChanged(isOnTop);
+}
+
+bool MyDocument::canKeepMiniWindowOnTop(const QString& platform) { return !platform.startsWith(u"wayland"); }
+
+void MyDocument::refreshMiniModeFormatLabel() {
+    QString text = documentEquationController_.useRadians() ? tr("rad") : tr("deg");
+    if (documentNumberFormatterSettings_.formattingType() != TXFormattingType::decimal) {
+        text += u' ' + formattingTypeButton()->title();
+    }
+    miniUi_->miniModeFormatLabel->setText(text);
+}
+
+void MyDocument::addMiniModeCommands(QMenu* menu) {
+    menu->addActions(angleUnitActions_);
+    menu->addSeparator();
+    QAction* keepOnTop = menu->addAction(tr("&Keep on Top"), this, &MyDocument::setKeepsMiniWindowOnTop);
+    keepOnTop->setCheckable(true);
+    keepOnTop->setChecked(keepsMiniWindowOnTop());
+    keepOnTop->setEnabled(canKeepMiniWindowOnTop(QGuiApplication::platformName()));
+    QAction* fullWindow = menu->addAction(tr("&Full Window"), this, &MyDocument::windowShouldZoom);
+    fullWindow->setShortcut(QKeySequence(QStringLiteral("Ctrl+Shift+M")));
+}
+
+void MyDocument::showMiniModeMenu(const QPoint& position) {
+    auto* menu = new QMenu(miniWindow());
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    addMiniModeCommands(menu);
+    menu->popup(miniWindow()->mapToGlobal(position));
+}
