@@ -1,5 +1,6 @@
 #include "app/MainMenu.h"
 
+#include <QActionGroup>
 #include <QApplication>
 #include <QEvent>
 #include <QMenu>
@@ -39,9 +40,13 @@ void repeatMenu(const QMenu& original, QMenu* copy) {
         follow(followed, follower);
     };
     connectTo(original.menuAction(), copy->menuAction());
+    auto* submenus = new QActionGroup(copy);
+    submenus->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
     for (QAction* entry : original.actions()) {
         if (entry->menu() != nullptr) {
-            repeatMenu(*entry->menu(), copy->addMenu(entry->text()));
+            QMenu* submenu = copy->addMenu(entry->text());
+            submenus->addAction(submenu->menuAction());
+            repeatMenu(*entry->menu(), submenu);
         } else {
             copy->addAction(entry);
         }

@@ -235,8 +235,8 @@ class Desktop:
 
     def history(self):
         """The text of the history; afterwards the caret is in the entry line again."""
-        text = self.copied("Tab", "ctrl+a", "ctrl+c")
-        self.key("shift+Tab")
+        text = self.copied("shift+Tab", "ctrl+a", "ctrl+c")
+        self.key("Tab")
         return text
 
     # Pictures

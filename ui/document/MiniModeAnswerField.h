@@ -19,6 +19,8 @@ public:
     bool isElided() const { return shownText() != text(); }
 
     QSize sizeHint() const override;
+    /// Not even for an error of several lines: the line above it stays where it is.
+    bool hasHeightForWidth() const override { return false; }
     QSize minimumSizeHint() const override;
 
 protected:

@@ -17,6 +17,7 @@
 class MiniModeAnswerField;
 class PullDownButton;
 class QAction;
+class QActionGroup;
 class QMenu;
 class QSplitter;
 class SegmentedControl;
@@ -254,6 +255,7 @@ private:
     bool isBeingResized_ = false;
     std::unique_ptr<TXVariableOutlineViewController> variableOutlineViewController_;
     bool keepsMiniWindowOnTop_ = false;
+    QActionGroup* digitItems_ = nullptr;
     QList<QAction*> angleUnitActions_;
 
     // Last, so that the windows go first.

@@ -2,6 +2,7 @@
 
 #include "ui/document/MyDocument.h"
 
+#include <QActionGroup>
 #include <QMenu>
 
 #include "ui/document/PullDownButton.h"
@@ -53,11 +54,12 @@ void MyDocument::fillFormattingTypeMenu() {
                              tr("&Binary"),  tr("&Octal"),      tr("&Hexadecimal")};
     PullDownButton* button = formattingTypeButton();
     auto* menu = new QMenu(button);
+    auto* group = new QActionGroup(menu);
     QStringList titles;
     for (const QString& type : types) {
         const int index = static_cast<int>(titles.size()) + 1;
         titles.append(withoutMnemonic(type));
-        const QAction* item = addCheckItem(menu, type, QStringLiteral("formattingType%1").arg(index));
+        const QAction* item = group->addAction(addCheckItem(menu, type, QStringLiteral("formattingType%1").arg(index)));
         connect(item, &QAction::triggered, this, [this, button, index] {
             button->selectItemAtIndex(index);
             changeNumberFormatting(button);
@@ -75,6 +77,7 @@ void MyDocument::fillFormattingTypeMenu() {
 void MyDocument::fillDigitMenu() {
     PullDownButton* button = numberFormattingButton();
     auto* menu = new QMenu(button);
+    digitItems_ = new QActionGroup(menu);
     button->setMenu(menu);
     addDigitItem(menu, automaticTag, tr("&Auto Digit Formatting"))->setChecked(true);
 
@@ -95,7 +98,8 @@ void MyDocument::fillDigitMenu() {
     zeros->setEnabled(false);
     connect(zeros, &QAction::triggered, this, [this, zeros] { changeAddZerosAfterDigits(zeros); });
 
-    for (const QMenu* submenu : {figures, places}) submenu->menuAction()->setCheckable(true);
+    auto* submenus = new QActionGroup(menu);
+    for (const QMenu* submenu : {figures, places}) submenus->addAction(submenu->menuAction())->setCheckable(true);
     QStringList titles;
     for (unsigned int index = 0; index <= lastPlacesTag; ++index) titles.append(digitTitle(index));
     button->setTitles(titles);
@@ -105,13 +109,15 @@ void MyDocument::fillDigitMenu() {
 QAction* MyDocument::addDigitItem(QMenu* menu, int tag, const QString& text) {
     QAction* item = addCheckItem(menu, text, QStringLiteral("digits%1").arg(tag));
     item->setData(tag);
+    digitItems_->addAction(item);
     connect(item, &QAction::triggered, this, [this, item] { changeDigitFormatting(item); });
     return item;
 }
 
 void MyDocument::addAngleUnitActions() {
+    auto* group = new QActionGroup(documentWindow());
     for (const auto& [text, name] : {std::pair(tr("Rad&ians"), "radians"), std::pair(tr("&Degrees"), "degrees")}) {
-        auto* action = new QAction(text, documentWindow());
+        QAction* action = group->addAction(text);
         const int segment = static_cast<int>(angleUnitActions_.size());
         action->setObjectName(name);
         action->setCheckable(true);

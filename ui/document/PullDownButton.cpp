@@ -3,6 +3,7 @@
 #include <QMenu>
 #include <QStyleOptionButton>
 #include <QStylePainter>
+#include <QtMath>
 #include <algorithm>
 
 namespace {
@@ -36,7 +37,8 @@ QAction* PullDownButton::itemAtIndex(int index) const { return menu()->actions()
 
 QSize PullDownButton::sizeHint() const {
     int widest = 0;
-    for (const QString& title : titles_) widest = std::max(widest, fontMetrics().horizontalAdvance(title));
+    const QFontMetricsF metrics(font());
+    for (const QString& title : titles_) widest = std::max(widest, qCeil(metrics.horizontalAdvance(title)));
     return {widthFor(widest), minimumSizeHint().height()};
 }
 
