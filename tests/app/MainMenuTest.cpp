@@ -41,19 +41,21 @@ QStringList entriesOf(const QMenu& menu) {
 
 TEST_F(MainMenuTest, hasTheseEntriesWithTheseKeys) {
     const QList<QMenu*> menus = menusOf(openDocument());
-    ASSERT_EQ(menus.size(), 5);
+    ASSERT_EQ(menus.size(), 6);
     EXPECT_EQ(entriesOf(*menus[0]), QStringList({"New | Ctrl+N", "Open… | Ctrl+O", "Close | Ctrl+W", "Save | Ctrl+S",
                                                  "Save As… | Ctrl+Shift+S", "Print… | Ctrl+P", "Quit | Ctrl+Q"}));
     EXPECT_EQ(entriesOf(*menus[1]), QStringList({"Undo | Ctrl+Z", "Redo | Ctrl+Shift+Z", "Cut | Ctrl+X | Shift+Del",
                                                  "Copy | Ctrl+C | Ctrl+Ins", "Paste | Ctrl+V | Shift+Ins",
                                                  "Select All | Ctrl+A", "Preferences… | Ctrl+,"}));
-    EXPECT_EQ(entriesOf(*menus[2]), QStringList({"Sidebar | F9", "Full Screen | F11"}));
-    EXPECT_EQ(entriesOf(*menus[3]), QStringList({"Minimize", "Inspector"}));
-    EXPECT_EQ(entriesOf(*menus[4]), QStringList({"User Guide | F1", "Greek Letters | Ctrl+Shift+G", "Release Notes",
+    EXPECT_EQ(entriesOf(*menus[2]), QStringList({"Number Format", "Digits", "Thousands Separators", "Angle Unit"}));
+    EXPECT_EQ(entriesOf(*menus[3]),
+              QStringList({"Mini Mode | Ctrl+Shift+M", "Keep Mini Window on Top", "Sidebar | F9", "Full Screen | F11"}));
+    EXPECT_EQ(entriesOf(*menus[4]), QStringList({"Minimize", "Inspector"}));
+    EXPECT_EQ(entriesOf(*menus[5]), QStringList({"User Guide | F1", "Greek Letters | Ctrl+Shift+G", "Release Notes",
                                                  "Screencasts", "Send Feedback", "Report a Bug", "About Tallix"}));
     QStringList titles;
     for (const QMenu* menu : menus) titles.append(menu->title().remove(u'&'));
-    EXPECT_EQ(titles, QStringList({"File", "Edit", "View", "Window", "Help"}));
+    EXPECT_EQ(titles, QStringList({"File", "Edit", "Format", "View", "Window", "Help"}));
 }
 
 TEST_F(MainMenuTest, givesEachEntryAMnemonicThatIsUniqueInItsMenu) {

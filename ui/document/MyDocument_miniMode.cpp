@@ -6,6 +6,7 @@
 #include <QEvent>
 #include <QMenu>
 #include <QScreen>
+#include <QStyle>
 #include <QWindow>
 #include <algorithm>
 
@@ -22,12 +23,13 @@ namespace {
 const QString frameKey = QStringLiteral("miniWindowFrame");
 const QString keepOnTopKey = QStringLiteral("keepMiniWindowOnTop");
 
-/// The rectangle moved so that all of it, or at least its upper left, is on a screen.
-QRect movedOntoScreen(QRect frame) {
+/// The rectangle moved, and made as narrow as needed, so that all of it is on a screen.
+QRect movedOntoScreen(QRect frame, int titleBarHeight) {
     const QScreen* screen = QGuiApplication::screenAt(frame.center());
     const QRect area = (screen != nullptr ? screen : QGuiApplication::primaryScreen())->availableGeometry();
+    frame.setWidth(std::min(frame.width(), area.width()));
     frame.moveRight(std::min(frame.right(), area.right()));
-    frame.moveBottom(std::min(frame.bottom(), area.bottom()));
+    frame.moveBottom(std::min(frame.bottom(), area.bottom() - titleBarHeight));
     frame.moveLeft(std::max(frame.left(), area.left()));
     frame.moveTop(std::max(frame.top(), area.top()));
     return frame;
@@ -70,7 +72,7 @@ void MyDocument::placeMiniWindow() {
         frame = QRect(QPoint(), miniWindow()->size());
         frame.moveTopRight(documentWindow()->screen()->availableGeometry().topRight());
     }
-    frame = movedOntoScreen(frame);
+    frame = movedOntoScreen(frame, miniWindow()->style()->pixelMetric(QStyle::PM_TitleBarHeight));
     miniWindow()->resize(frame.width(), miniWindow()->height());
     miniWindow()->move(frame.topLeft());
 }

@@ -1,5 +1,7 @@
 #include "ui/document/SegmentedControl.h"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QPainter>
@@ -52,25 +54,36 @@ private:
     }
 };
 
+/// For assistive technology, radio buttons that belong together.
+QAccessibleInterface* makeGroup(const QString& /*className*/, QObject* object) {
+    auto* control = qobject_cast<SegmentedControl*>(object);
+    return control != nullptr ? new QAccessibleWidget(control, QAccessible::Grouping) : nullptr;
+}
+
 QColor lightened(const QColor& color) { return color.lighter(hoverFactor); }
 
 }  // namespace
 
 SegmentedControl::SegmentedControl(QWidget* parent) : QWidget(parent) {
+    QAccessible::installFactory(makeGroup);  // Once: it is known by its address.
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(margin, margin, margin, margin);
     row->setSpacing(0);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     for (int id = 0; id < segmentCount; ++id) {
         auto* segment = new Segment(this);
-        segment->setFocusPolicy(Qt::TabFocus);  // not with a click
+        segment->setFocusPolicy(Qt::NoFocus);
         segment->setAttribute(Qt::WA_Hover);
         segment->installEventFilter(this);
         group_.addButton(segment, id);
         row->addWidget(segment);
     }
+    connect(&group_, &QButtonGroup::idToggled, this, [this](int id, bool isChosen) {
+        // Tab stops at the chosen one alone; a click takes no focus.
+        group_.button(id)->setFocusPolicy(isChosen ? Qt::TabFocus : Qt::NoFocus);
+        update();
+    });
     setSelectedSegment(0);
-    connect(&group_, &QButtonGroup::idToggled, this, QOverload<>::of(&QWidget::update));
     connect(&group_, &QButtonGroup::idClicked, this, &SegmentedControl::chosen);
 }
 
