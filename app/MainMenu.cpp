@@ -28,28 +28,31 @@ QString windowEntry(int number, const QString& title) {
     return number <= lastMnemonicDigit ? QStringLiteral("&%1 %2").arg(number).arg(shown) : shown;
 }
 
-/// Lets `copy` have what `original` has: the same entries, and submenus that repeat its submenus.
-void repeatMenu(const QMenu& original, QMenu* copy) {
-    const auto follow = [](const QAction* followed, QAction* follower) {
+/// Lets `follower` always be what `followed` is.
+void followAction(const QAction* followed, QAction* follower) {
+    const auto follow = [followed, follower] {
         follower->setEnabled(followed->isEnabled());
         follower->setCheckable(followed->isCheckable());
         follower->setChecked(followed->isChecked());
     };
-    const auto connectTo = [&follow](const QAction* followed, QAction* follower) {
-        QObject::connect(followed, &QAction::changed, follower, [=] { follow(followed, follower); });
-        follow(followed, follower);
-    };
-    connectTo(original.menuAction(), copy->menuAction());
+    QObject::connect(followed, &QAction::changed, follower, follow);
+    follow();
+}
+
+/// Lets `copy` have what `original` has: the same entries, and submenus with the same entries.
+void repeatMenu(const QMenu& original, QMenu* copy) {
+    followAction(original.menuAction(), copy->menuAction());
     auto* submenus = new QActionGroup(copy);
     submenus->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
     for (QAction* entry : original.actions()) {
-        if (entry->menu() != nullptr) {
-            QMenu* submenu = copy->addMenu(entry->text());
-            submenus->addAction(submenu->menuAction());
-            repeatMenu(*entry->menu(), submenu);
-        } else {
+        if (entry->menu() == nullptr) {
             copy->addAction(entry);
+            continue;
         }
+        QMenu* submenu = copy->addMenu(entry->text());
+        submenu->addActions(entry->menu()->actions());
+        submenus->addAction(submenu->menuAction());
+        followAction(entry, submenu->menuAction());
     }
 }
 

@@ -170,6 +170,18 @@ class Desktop:
                 self._run("xdotool", "windowactivate", window)
         self.wait_for_window(title)
 
+    def move(self, window, x, y):
+        self._run("xdotool", "windowmove", "--sync", window, str(x), str(y))
+
+    def maximize(self, window):
+        """Clicks on the window manager's button, the second from the right."""
+        left, top, width, _ = self.place(window)
+        self._run("xdotool", "mousemove", str(left + width - 24), str(top - 10), "click", "1")
+
+    def state(self, window):
+        """What the window manager says about the window."""
+        return self._output("xprop", "-id", window, "_NET_WM_STATE")
+
     # Keys
 
     def key(self, *keys):

@@ -290,6 +290,96 @@ class Focus(SessionTest):
         self.assert_quits_after("ctrl+q")
 
 
+class MiniMode(SessionTest):
+    """The same title stands over both windows, which differ in their ids."""
+
+    def change_window(self, keys="ctrl+shift+m"):
+        before = self.desktop.active_window()
+        self.desktop.key(keys)
+        wait_for(lambda: self.desktop.has_keyboard(FIRST) and self.desktop.active_window() != before, "the other window")
+        return self.desktop.active_window()
+
+    def test_calculates_and_comes_back(self):
+        desktop = self.desktop
+        full = desktop.active_window()
+        place = desktop.place(full)
+        desktop.enter("2+3")
+        mini = self.change_window()
+        self.assertEqual(desktop.place(mini)[2:], (340, 84))
+        self.assertEqual(desktop.windows("Untitled"), [mini])
+        desktop.enter("*4", "+1")
+        self.assertEqual(desktop.line(), "ans+1")
+        self.assertEqual(self.change_window(), full)
+        self.assertEqual(desktop.place(full), place)
+        self.assertEqual(desktop.history(), "2+3\n\t= 5\n\nans1*4\n\t= 20\n\nans2+1\n\t= 21")
+        self.assert_quits_after("ctrl+q")
+
+    def test_continues_from_the_last_answer_on_either_side(self):
+        self.desktop.enter("2+3")
+        self.change_window()
+        self.change_window()
+        self.desktop.type("+")
+        self.assertEqual(self.desktop.line(), "ans+")
+
+    def test_stays_where_it_was_put(self):
+        desktop = self.desktop
+        mini = self.change_window()
+        desktop.move(mini, 300, 200)
+        place = desktop.place(mini)
+        self.change_window()
+        self.assertEqual(desktop.place(self.change_window()), place)
+
+    def test_returns_to_the_full_window_when_it_is_maximized(self):
+        desktop = self.desktop
+        full = desktop.active_window()
+        desktop.maximize(self.change_window())
+        wait_for(lambda: desktop.has_keyboard(FIRST) and desktop.active_window() == full, "the full window")
+        self.assertEqual(desktop.place(full)[2:], (760, 500))
+        self.assertEqual(desktop.place(self.change_window())[2:], (340, 84))
+
+    def test_is_kept_on_top(self):
+        desktop = self.desktop
+        desktop.key("alt+v", "k")
+        mini = self.change_window()
+        wait_for(lambda: "_NET_WM_STATE_ABOVE" in desktop.state(mini), "a window on top")
+        desktop.key("Menu", "k")
+        wait_for(lambda: "_NET_WM_STATE_ABOVE" not in desktop.state(mini), "a window like the others")
+        self.assertTrue(desktop.has_keyboard(FIRST))
+
+    def test_closes_the_document(self):
+        self.change_window()
+        self.assert_quits_after("ctrl+w")
+
+
+class Formats(SessionTest):
+    def test_are_chosen_in_the_menus_and_below_the_line(self):
+        desktop = self.desktop
+        desktop.enter("12345.678")
+        desktop.key("alt+o", "n", "s")  # Scientific
+        desktop.enter("/1")
+        desktop.key("Tab", "Tab", "space", "s", "3", "shift+Tab", "shift+Tab")  # 3 significant figures
+        desktop.enter("ans*1")
+        desktop.key("alt+o", "a", "d")  # Degrees
+        desktop.key("alt+o", "n", "d")  # Decimal
+        desktop.enter("sin(30)")
+        self.assertEqual(desktop.history(), "12345.678\n\t= 12345.678\n\nans1/1\n\t= 1.2345678e4\n\n"
+                         "ans2*1\n\t= 1.23e4\n\nsin(30)\n\t= 0.5")
+
+    def test_leave_the_keyboard_with_the_line(self):
+        desktop = self.desktop
+        window = desktop.active_window()
+        desktop.enter("1/8")
+        left, _, width, height = desktop.place(window)
+        before = desktop._shown()
+        desktop.click(window, 40, height - 18)
+        wait_for(lambda: desktop._shown() > before, "the menu")
+        desktop.key("p")  # Percent
+        wait_for(lambda: desktop._shown() == before, "the end of the menu")
+        desktop.click(window, width - 140, height - 18)  # Degrees
+        desktop.enter("+0")
+        self.assertEqual(desktop.history(), "1/8\n\t= 0.125\n\nans1+0\n\t= 12.5%")
+
+
 class Settings(DesktopTest):
     """Files that no program should stumble over."""
 

@@ -1,6 +1,7 @@
 #include "ui/document/MyDocument.h"
 
 #include <QEvent>
+#include <QTimer>
 #include <algorithm>
 
 #include "ui/UserDefaults.h"
@@ -148,7 +149,7 @@ bool MyDocument::eventFilter(QObject* watched, QEvent* event) {
         if (watched == miniWindow()) rememberMiniWindow();
         emit closed();
     }
-    if (isZoomRequest(watched, *event)) QMetaObject::invokeMethod(this, &MyDocument::leaveZoom, Qt::QueuedConnection);
+    if (isZoomRequest(watched, *event)) QTimer::singleShot(0, this, &MyDocument::leaveZoom);
     if (event->type() == QEvent::Resize) followResizing(watched);
     return QObject::eventFilter(watched, event);
 }

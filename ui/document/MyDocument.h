@@ -223,6 +223,7 @@ private:
     void fillDigitMenu();
     QAction* addDigitItem(QMenu* menu, int tag, const QString& text);
     void addAngleUnitActions();
+    QAction* addAngleUnitAction(QActionGroup* group, int segment, const QString& text);
     void uncheckDigitItems();
     void refreshAddZerosItem(int tag);
     static QString digitTitle(unsigned int index);

@@ -116,17 +116,19 @@ QAction* MyDocument::addDigitItem(QMenu* menu, int tag, const QString& text) {
 
 void MyDocument::addAngleUnitActions() {
     auto* group = new QActionGroup(documentWindow());
-    for (const auto& [text, name] : {std::pair(tr("Rad&ians"), "radians"), std::pair(tr("&Degrees"), "degrees")}) {
-        QAction* action = group->addAction(text);
-        const int segment = static_cast<int>(angleUnitActions_.size());
-        action->setObjectName(name);
-        action->setCheckable(true);
-        connect(action, &QAction::triggered, this, [this, segment] {
-            degreesRadiansSegmentedControl()->setSelectedSegment(segment);
-            changeDegreesRadians(degreesRadiansSegmentedControl());
-        });
-        angleUnitActions_.append(action);
-    }
+    addAngleUnitAction(group, radiansSegment, tr("Rad&ians"))->setObjectName("radians");
+    addAngleUnitAction(group, degreesSegment, tr("&Degrees"))->setObjectName("degrees");
+}
+
+QAction* MyDocument::addAngleUnitAction(QActionGroup* group, int segment, const QString& text) {
+    QAction* action = group->addAction(text);
+    action->setCheckable(true);
+    connect(action, &QAction::triggered, this, [this, segment] {
+        degreesRadiansSegmentedControl()->setSelectedSegment(segment);
+        changeDegreesRadians(degreesRadiansSegmentedControl());
+    });
+    angleUnitActions_.append(action);
+    return action;
 }
 
 void MyDocument::changeNumberFormatting(PullDownButton* sender) {
