@@ -206,6 +206,18 @@ class Desktop:
             self._run("xdotool", "mousemove", "--window", window, *map(str, point))
         self._run("xdotool", "mouseup", "1")
 
+    def double_click(self, window, x, y):
+        self._run("xdotool", "mousemove", "--window", window, str(x), str(y), "click", "--repeat", "2", "--delay", "20", "1")
+
+    def drag(self, window, start, end):
+        """From one place in a window to another, in steps, as a hand moves."""
+        self._run("xdotool", "mousemove", "--window", window, str(start[0]), str(start[1]), "mousedown", "1")
+        steps = 10
+        for step in range(1, steps + 1):
+            x, y = (start[i] + (end[i] - start[i]) * step // steps for i in (0, 1))
+            self._run("xdotool", "mousemove", "--sync", "--window", window, str(x), str(y))
+        self._run("xdotool", "mousemove", "--window", window, str(end[0] - 1), str(end[1]), "mouseup", "1")
+
     def open_and_close_menu(self, key):
         """Opens a menu with the key and leaves it, and then the menu bar."""
         before = self._shown()

@@ -380,6 +380,55 @@ class Formats(SessionTest):
         self.assertEqual(desktop.history(), "1/8\n\t= 0.125\n\nans1+0\n\t= 12.5%")
 
 
+class Sidebar(SessionTest):
+    """How names and values get out of the sidebar. A click with Alt is the window manager's here."""
+
+    PI = (60, 55)  # the second row
+
+    def assert_line(self, expected):
+        wait_for(lambda: self.desktop.line() == expected, f"the line {expected!r}")
+        self.assertTrue(self.desktop.has_keyboard(FIRST))
+        self.desktop.key("End")
+
+    def test_types_names(self):
+        desktop = self.desktop
+        window = desktop.active_window()
+        desktop.type("2*")
+        desktop.double_click(window, *self.PI)
+        self.assert_line("2*pi")
+        desktop.type("+")
+        desktop.click(window, *self.PI)
+        desktop.key("Return")
+        self.assert_line("2*pi+pi")
+
+    def test_is_dragged_into_the_line(self):
+        desktop = self.desktop
+        window = desktop.active_window()
+        width, height = desktop.place(window)[2:]
+        desktop.type("2*")
+        desktop.drag(window, self.PI, (width - 40, height - 25))
+        self.assert_line("2*pi")
+
+    def test_is_copied_by_menu_and_by_key(self):
+        desktop = self.desktop
+        desktop.enter("x=4")
+        desktop.click(desktop.active_window(), *self.PI)
+        desktop.key("End")
+        self.assertEqual(desktop.copied("ctrl+c"), "x=4")
+        self.assertEqual(desktop.copied("Menu", "Down", "Return"), "x")
+        self.assertEqual(desktop.copied("shift+F10", "Down", "Down", "Return"), "4")
+
+    def test_is_hidden_by_f9(self):
+        desktop = self.desktop
+        desktop.key("F9")
+        desktop.enter("2+3")
+        self.assertEqual(desktop.history(), "2+3\n\t= 5")
+        desktop.key("F9")
+        desktop.double_click(desktop.active_window(), *self.PI)
+        self.assert_line("pi")
+        self.assert_quits_after("ctrl+q")
+
+
 class Settings(DesktopTest):
     """Files that no program should stumble over."""
 

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QDrag>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QMenu>
@@ -182,6 +183,18 @@ void TXOutlineView::enterNameOrFold(const QModelIndex& index) {
     } else if (index.isValid()) {
         setExpanded(index, !isExpanded(index));
     }
+}
+
+// With a picture of the row; the tree's own drag would look for it among the rows that only it lays out.
+void TXOutlineView::startDrag(Qt::DropActions supportedActions) {
+    const QModelIndex index = selectedIndex();
+    if (!index.isValid()) return;
+    const QRect row = visualRect(index);
+    auto* drag = new QDrag(this);
+    drag->setMimeData(controller_->mimeData({index}));
+    drag->setPixmap(viewport()->grab(row));
+    drag->setHotSpot(viewport()->mapFromGlobal(QCursor::pos()) - row.topLeft());
+    drag->exec(supportedActions, Qt::CopyAction);
 }
 
 // Not the tree's own keys, which would take + - and * for folding.
