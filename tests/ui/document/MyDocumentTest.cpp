@@ -8,6 +8,7 @@
 #include <QPointer>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QProxyStyle>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -192,11 +193,33 @@ TEST_P(Sorry, isSaidInAnAlertOfTheWindow) {
     EXPECT_EQ(alert->icon(), QMessageBox::Information);
     EXPECT_EQ(alert->standardButtons(), QMessageBox::Ok);
     EXPECT_EQ(alert->defaultButton(), qobject_cast<QPushButton*>(alert->button(QMessageBox::Ok)));
-    EXPECT_TRUE(alert->button(QMessageBox::Ok)->icon().isNull());
     EXPECT_EQ(alert->windowModality(), Qt::WindowModal);
     QTest::keyClick(alert, Qt::Key_Return);
     QTest::qWait(0);
     EXPECT_EQ(alert, nullptr);
+}
+
+/// A desktop that puts icons on the buttons of alerts.
+struct StyleWithIcons : QProxyStyle {
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* returnData) const override {
+        if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 1;
+        return QProxyStyle::styleHint(hint, option, widget, returnData);
+    }
+};
+
+TEST_P(Sorry, hasNoIconOnItsButton) {
+    OpenDocument open;
+    const QString style = QApplication::style()->name();
+    QApplication::setStyle(new StyleWithIcons);
+    (open.document.*GetParam().command)();
+    auto* const alert = open.document.documentWindow()->findChild<QMessageBox*>();
+    ASSERT_NE(alert, nullptr);
+    EXPECT_TRUE(alert->button(QMessageBox::Ok)->icon().isNull());
+    EXPECT_FALSE(
+        QMessageBox(QMessageBox::Information, {}, {}, QMessageBox::Ok).button(QMessageBox::Ok)->icon().isNull());
+    alert->close();
+    QApplication::setStyle(style);
 }
 
 TEST_P(Sorry, goesWithEscape) {
