@@ -151,8 +151,6 @@ public:
     const QList<QAction*>& angleUnitActions() const { return angleUnitActions_; }
     /// The entry line of the window in use.
     TXFormulaEnteringTextView* activeFormulaTextView() const;
-    /// The window in use.
-    QWidget* activeWindow() const;
 
     TXFormulaScrollerController& documentFormulaScrollerController() { return documentFormulaScrollerController_; }
     TXEquationController& documentEquationController() { return documentEquationController_; }
