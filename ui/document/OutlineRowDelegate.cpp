@@ -15,10 +15,11 @@ constexpr qsizetype longestToolTip = 4000;
 
 // How bright a colour looks, from 0 to 1, as the guidelines for accessible colours define it.
 double luminance(const QColor& color) {
-    const auto linear = [](double part) {
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    const auto linear = [](int part) {
+        const double share = part / 255.0;
+        return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
     };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+    return 0.2126 * linear(color.red()) + 0.7152 * linear(color.green()) + 0.0722 * linear(color.blue());
 }
 
 double contrast(const QColor& one, const QColor& other) {
@@ -26,13 +27,11 @@ double contrast(const QColor& one, const QColor& other) {
     return (brighter + 0.05) / (darker + 0.05);
 }
 
-/// So much of `color`, from 0 to 1, on the background.
-QColor mixed(const QColor& color, const QColor& background, double share) {
-    const auto part = [share](double front, double back) {
-        return static_cast<float>(front * share + back * (1 - share));
-    };
-    return QColor::fromRgbF(part(color.redF(), background.redF()), part(color.greenF(), background.greenF()),
-                            part(color.blueF(), background.blueF()));
+/// So many 255ths of `color` on the background.
+QColor mixed(const QColor& color, const QColor& background, int share) {
+    const auto part = [share](int front, int back) { return (front * share + back * (255 - share)) / 255; };
+    return {part(color.red(), background.red()), part(color.green(), background.green()),
+            part(color.blue(), background.blue())};
 }
 
 }  // namespace
@@ -46,10 +45,12 @@ QFont OutlineRowDelegate::titleFont(QFont font) {
 QColor OutlineRowDelegate::titleColor(const QPalette& palette) {
     const QColor background = palette.color(QPalette::Window);
     const QColor placeholder = palette.color(QPalette::PlaceholderText);
-    QColor title = mixed(placeholder, background, placeholder.alphaF());
-    constexpr double step = 0.05;
-    for (double share = step; contrast(title, background) < readableContrast && share < 1; share += step) {
-        title = mixed(palette.color(QPalette::WindowText), title, share);
+    constexpr int step = 15;
+    constexpr int whole = 255;
+    const QColor shown = mixed(placeholder, background, placeholder.alpha());
+    QColor title = shown;
+    for (int share = step; contrast(title, background) < readableContrast && share <= whole; share += step) {
+        title = mixed(palette.color(QPalette::WindowText), shown, share);
     }
     return title;
 }

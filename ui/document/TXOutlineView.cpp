@@ -91,10 +91,7 @@ void TXOutlineView::reloadData() {
 void TXOutlineView::expandItem(const QModelIndex& item, bool expandChildren) {
     if (item.isValid()) expand(item);
     if (!expandChildren) return;
-    for (int row = 0; row < model()->rowCount(item); ++row) {
-        const QModelIndex child = model()->index(row, 0, item);
-        if (model()->hasChildren(child) || !item.isValid()) expandItem(child, false);
-    }
+    for (int row = 0; row < model()->rowCount(item); ++row) expand(model()->index(row, 0, item));
 }
 
 QModelIndex TXOutlineView::selectedIndex() const {
@@ -207,7 +204,7 @@ void TXOutlineView::keyPressEvent(QKeyEvent* event) {
         QContextMenuEvent asked(QContextMenuEvent::Keyboard, QPoint(), QPoint());
         contextMenuEvent(&asked);
     } else {
-        QAbstractItemView::keyPressEvent(event);
+        QAbstractItemView::keyPressEvent(event);  // NOLINT(bugprone-parent-virtual-call)
     }
 }
 
@@ -222,13 +219,13 @@ QItemSelectionModel::SelectionFlags TXOutlineView::selectionCommand(const QModel
 }
 
 void TXOutlineView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
-    QAbstractItemView::selectionChanged(selected, deselected);
+    QAbstractItemView::selectionChanged(selected, deselected);  // NOLINT(bugprone-parent-virtual-call)
     emit copyAvailable(selectedVariable() != nullptr);
 }
 
 // The tree's own would speak of rows that only it lays out.
 void TXOutlineView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
-    QAbstractItemView::currentChanged(current, previous);
+    QAbstractItemView::currentChanged(current, previous);  // NOLINT(bugprone-parent-virtual-call)
     if (!QAccessible::isActive() || !hasFocus()) return;
     const auto* outline = dynamic_cast<OutlineAccessible*>(QAccessible::queryAccessibleInterface(this));
     QAccessibleInterface* row = outline != nullptr ? outline->rowOf(current) : nullptr;

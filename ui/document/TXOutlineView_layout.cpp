@@ -98,10 +98,12 @@ void TXOutlineView::scrollTo(const QModelIndex& index, ScrollHint hint) {
 
 void TXOutlineView::scrollContentsBy(int /*dx*/, int /*dy*/) { viewport()->update(); }
 
-void TXOutlineView::doItemsLayout() { QAbstractItemView::doItemsLayout(); }
+void TXOutlineView::doItemsLayout() {
+    QAbstractItemView::doItemsLayout();  // NOLINT(bugprone-parent-virtual-call)
+}
 
 void TXOutlineView::rowsInserted(const QModelIndex& parent, int start, int end) {
-    QAbstractItemView::rowsInserted(parent, start, end);
+    QAbstractItemView::rowsInserted(parent, start, end);  // NOLINT(bugprone-parent-virtual-call)
     showFolding();
 }
 
@@ -124,7 +126,7 @@ void TXOutlineView::updateGeometries() {
     bar->setSingleStep(rowHeight());
     bar->setPageStep(viewport()->height());
     bar->setRange(0, std::max(0, numberOfRows() * rowHeight() - viewport()->height()));
-    QAbstractItemView::updateGeometries();
+    QAbstractItemView::updateGeometries();  // NOLINT(bugprone-parent-virtual-call)
 }
 
 void TXOutlineView::resizeEvent(QResizeEvent* event) {

@@ -211,7 +211,8 @@ void TXVariableOutlineViewController::searchFieldChanged() {
 
 TXVariableOutlineViewController::Item TXVariableOutlineViewController::itemAt(const QModelIndex& index) const {
     if (!index.isValid()) return {};
-    return childOfItem(index.row(), itemAt(index.parent()));
+    const QModelIndex group = index.parent();
+    return childOfItem(index.row(), group.isValid() ? childOfItem(group.row(), {}) : Item());
 }
 
 const TXVariable* TXVariableOutlineViewController::variableAt(const QModelIndex& index) const {
