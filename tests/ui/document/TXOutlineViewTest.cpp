@@ -428,7 +428,8 @@ TEST(SidebarLayout, scrollsToARowAndNoFurther) {
     view->scrollTo(sidebar.row("ans30="), QAbstractItemView::PositionAtBottom);
     EXPECT_EQ(top("ans30="), view->viewport()->height() - height);
     view->scrollTo(sidebar.row("ans30="), QAbstractItemView::PositionAtCenter);
-    EXPECT_NEAR(top("ans30="), (view->viewport()->height() - height) / 2, 1);
+    const int middle = (view->viewport()->height() - height) / 2;
+    EXPECT_NEAR(top("ans30="), middle, 1);
     const QModelIndex folded = sidebar.row("pi=");
     view->collapse(sidebar.row("Constants"));
     const int value = view->verticalScrollBar()->value();
