@@ -20,8 +20,8 @@
 
 namespace {
 
-const QString frameKey = QStringLiteral("miniWindowFrame");
-const QString keepOnTopKey = QStringLiteral("keepMiniWindowOnTop");
+constexpr auto frameKey = "miniWindowFrame";
+constexpr auto keepOnTopKey = "keepMiniWindowOnTop";
 
 /// The rectangle moved, and made as narrow as needed, so that all of it is on a screen.
 QRect movedOntoScreen(QRect frame, int titleBarHeight) {
@@ -50,7 +50,7 @@ bool MyDocument::windowShouldZoom() {
     const TXFormulaEnteringTextView* const from = activeFormulaTextView();
     QWidget* const shown = activeWindow();
     // A window that is shown again would be placed anew; this makes its place one that was asked for.
-    shown->move(shown->pos());
+    if (QWindow* window = shown->windowHandle()) window->setFramePosition(window->framePosition());
     isSmallWindowShown_ = !isSmallWindowShown_;
     if (isSmallWindowShown_) {
         miniWindow()->setWindowTitle(documentWindow()->windowTitle());
@@ -92,9 +92,13 @@ bool MyDocument::isZoomRequest(const QObject* window, const QEvent& event) const
 
 // The window stays as large as it was, and the other one takes its place.
 void MyDocument::leaveZoom() {
-    if (!activeWindow()->isMaximized()) return;
-    activeWindow()->setWindowState(activeWindow()->windowState() & ~Qt::WindowMaximized);
+    QWidget* const maximized = activeWindow();
+    if (!maximized->isMaximized()) return;
+    const QRect before = maximized->normalGeometry();
+    maximized->setWindowState(maximized->windowState() & ~Qt::WindowMaximized);
     windowShouldZoom();
+    maximized->setGeometry(before);  // The window manager would still be at it.
+    if (maximized == miniWindow()) rememberMiniWindow();
 }
 
 void MyDocument::setKeepsMiniWindowOnTop(bool isOnTop) {

@@ -83,7 +83,7 @@ void PullDownButton::paintEvent(QPaintEvent* /*event*/) {
     painter.drawPrimitive(QStyle::PE_IndicatorArrowDown, arrow);
     if (option.state.testFlag(QStyle::State_HasFocus)) {
         QStyleOptionFocusRect focus;
-        focus.QStyleOption::operator=(option);
+        focus.initFrom(this);
         focus.rect = style()->subElementRect(QStyle::SE_PushButtonFocusRect, &option, this);
         painter.drawPrimitive(QStyle::PE_FrameFocusRect, focus);
     }
