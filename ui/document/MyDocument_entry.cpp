@@ -99,7 +99,7 @@ void MyDocument::appendToHistory(const Answer& answer) {
 }
 
 void MyDocument::showInMiniWindow(const Answer& answer) const {
-    QFont font(QStringList{QStringLiteral("Arial"), documentFont_.family()});
+    QFont font(QStringLiteral("Arial"));
     font.setStyleHint(QFont::SansSerif);
     font.setPointSizeF(answer.isError ? errorPointSize : answerPointSize);
     MiniModeAnswerField* field = miniModeAnswerField();
