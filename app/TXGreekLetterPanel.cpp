@@ -59,7 +59,7 @@ QPoint placeBeside(const QRect& window, const QSize& panel, const QRect& screen)
 }  // namespace
 
 TXGreekLetterPanel::TXGreekLetterPanel(MyDocument& document)
-    : QWidget(document.activeWindow(), Qt::Tool | Qt::WindowDoesNotAcceptFocus),
+    : QWidget(document.documentWindow(), Qt::Tool | Qt::WindowDoesNotAcceptFocus),
       document_(document),
       ui_(std::make_unique<Ui::TXGreekLetterPanel>()) {
     ui_->setupUi(this);

@@ -1,7 +1,6 @@
 #include "ui/document/MyDocument.h"
 
 #include <QEvent>
-#include <QTimer>
 #include <algorithm>
 
 #include "ui/UserDefaults.h"
@@ -149,7 +148,7 @@ bool MyDocument::eventFilter(QObject* watched, QEvent* event) {
         if (watched == miniWindow()) rememberMiniWindow();
         emit closed();
     }
-    if (isZoomRequest(watched, *event)) QTimer::singleShot(0, this, &MyDocument::leaveZoom);
+    if (isZoomRequest(watched, *event)) emit zoomRequested();
     if (event->type() == QEvent::Resize) followResizing(watched);
     return QObject::eventFilter(watched, event);
 }

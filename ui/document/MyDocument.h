@@ -199,6 +199,8 @@ signals:
     /// The other of the two windows is the one in use now.
     void miniModeChanged(bool isMini);
     void keepsMiniWindowOnTopChanged(bool isOnTop);
+    /// The window manager made a window large that should give way to the other one.
+    void zoomRequested();
 
 private:
     struct Answer;

@@ -40,6 +40,8 @@ QRect movedOntoScreen(QRect frame, int titleBarHeight) {
 void MyDocument::prepareMiniMode() {
     ui_->miniModeButton->setToolTip(
         tr("Mini mode (%1)").arg(QKeySequence(QStringLiteral("Ctrl+Shift+M")).toString(QKeySequence::NativeText)));
+    // Not while the window manager's wish is still being carried out.
+    connect(this, &MyDocument::zoomRequested, this, &MyDocument::leaveZoom, Qt::QueuedConnection);
     connect(ui_->miniModeButton, &QPushButton::clicked, this, &MyDocument::windowShouldZoom);
     miniWindow()->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(miniWindow(), &QWidget::customContextMenuRequested, this, &MyDocument::showMiniModeMenu);
