@@ -77,7 +77,8 @@ void PullDownButton::paintEvent(QPaintEvent* /*event*/) {
                          static_cast<int>(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter)),
                          palette(), isEnabled(), shownTitle(), QPalette::ButtonText);
 
-    QStyleOption arrow = option;
+    QStyleOption arrow;
+    arrow.initFrom(this);
     arrow.rect = QRect(inside.right() + 1 - arrowSize, inside.center().y() - arrowSize / 2 + 1, arrowSize, arrowSize);
     arrow.rect = QStyle::visualRect(layoutDirection(), rect(), arrow.rect);
     painter.drawPrimitive(QStyle::PE_IndicatorArrowDown, arrow);
