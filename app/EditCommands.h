@@ -7,8 +7,8 @@
 class QAction;
 class QWidget;
 
-/// Lets the entries of the Edit menu work on the text view, or the variables, of a document's windows that have the focus,
-/// or had it before a menu was opened.
+/// Lets the entries of the Edit menu work on the text view, or the variables, of a document's windows that have the
+/// focus, or had it before a menu was opened.
 class EditCommands : public QObject {
     Q_OBJECT
 

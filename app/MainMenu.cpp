@@ -196,7 +196,7 @@ bool MainMenu::eventFilter(QObject* watched, QEvent* event) {
 
 // To the newest panel, and back: the keys of a window work in its panels as well.
 void MainMenu::moveToPanel() {
-    const auto panels = document_.activeWindow()->findChildren<TXGreekLetterPanel*>();
+    const auto panels = window_->findChildren<TXGreekLetterPanel*>();
     if (panels.isEmpty()) return;
     if (QApplication::activeWindow() == document_.activeWindow()) {
         panels.last()->takeFocus();

@@ -12,6 +12,7 @@
 #include "app/greekLetters.h"
 #include "ui/document/MyDocument.h"
 #include "ui/document/TXFormulaEnteringTextView.h"
+#include "ui/document/TXWindow.h"
 #include "ui_TXGreekLetterPanel.h"
 
 namespace {
@@ -45,11 +46,11 @@ private:
     static constexpr qreal cornerRadius = 4.0;
 };
 
-/// Where a panel of this size does not hide the window of its document: right of it, left, below, or else in its upper
-/// part, which leaves the entry line free.
+/// Where a panel of this size does not hide the window of its document: right of it, left, below at either edge, or
+/// else in its upper part, which leaves the entry line free.
 QPoint placeBeside(const QRect& window, const QSize& panel, const QRect& screen) {
     const QPoint places[] = {window.topRight() + QPoint(1, 0), window.topLeft() - QPoint(panel.width(), 0),
-                             window.bottomLeft() + QPoint(0, 1)};
+                             window.bottomLeft() + QPoint(0, 1), window.bottomRight() + QPoint(1 - panel.width(), 1)};
     for (const QPoint& place : places) {
         if (screen.contains(QRect(place, panel))) return place;
     }
@@ -67,6 +68,7 @@ TXGreekLetterPanel::TXGreekLetterPanel(MyDocument& document)
     setAttribute(Qt::WA_ShowWithoutActivating);
     for (const NamedCharacter& letter : greekLetters()) addLetter(letter.character, tr(letter.name));
     layout()->setSizeConstraint(QLayout::SetFixedSize);
+    connect(&document, &MyDocument::miniModeChanged, this, &TXGreekLetterPanel::stayAboveWindowInUse);
 }
 
 TXGreekLetterPanel::~TXGreekLetterPanel() = default;
@@ -92,7 +94,14 @@ void TXGreekLetterPanel::showWindow() {
     const QWidget* const window = document_.activeWindow();
     adjustSize();
     move(placeBeside(window->frameGeometry(), size(), window->screen()->availableGeometry()));
+    stayAboveWindowInUse();
     show();
+}
+
+// Window managers put a tool window above the one that it belongs to, and that may be hidden in mini mode.
+void TXGreekLetterPanel::stayAboveWindowInUse() {
+    winId();
+    windowHandle()->setTransientParent(document_.activeWindow()->windowHandle());
 }
 
 void TXGreekLetterPanel::takeFocus() {

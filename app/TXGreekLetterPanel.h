@@ -19,7 +19,7 @@ class TXGreekLetterPanel : public QWidget {
     Q_OBJECT
 
 public:
-    /// The document is not owned; its window in use, the full or the mini one, owns the panel.
+    /// The document is not owned; its full window owns the panel, which stands above the window in use, full or mini.
     explicit TXGreekLetterPanel(MyDocument& document);
     ~TXGreekLetterPanel() override;
 
@@ -36,6 +36,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    void stayAboveWindowInUse();
     void addLetter(char16_t letter, const QString& name);
     void type(const QString& letter);
     bool pressKey(int key, QPushButton* button);

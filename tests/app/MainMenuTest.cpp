@@ -48,8 +48,8 @@ TEST_F(MainMenuTest, hasTheseEntriesWithTheseKeys) {
                                                  "Copy | Ctrl+C | Ctrl+Ins", "Paste | Ctrl+V | Shift+Ins",
                                                  "Select All | Ctrl+A", "Preferences… | Ctrl+,"}));
     EXPECT_EQ(entriesOf(*menus[2]), QStringList({"Number Format", "Digits", "Thousands Separators", "Angle Unit"}));
-    EXPECT_EQ(entriesOf(*menus[3]),
-              QStringList({"Mini Mode | Ctrl+Shift+M", "Keep Mini Window on Top", "Sidebar | F9", "Full Screen | F11"}));
+    EXPECT_EQ(entriesOf(*menus[3]), QStringList({"Mini Mode | Ctrl+Shift+M", "Keep Mini Window on Top", "Sidebar | F9",
+                                                 "Full Screen | F11"}));
     EXPECT_EQ(entriesOf(*menus[4]), QStringList({"Minimize", "Inspector"}));
     EXPECT_EQ(entriesOf(*menus[5]), QStringList({"User Guide | F1", "Greek Letters | Ctrl+Shift+G", "Release Notes",
                                                  "Screencasts", "Send Feedback", "Report a Bug", "About Tallix"}));

@@ -104,14 +104,16 @@ TEST_F(GreekLetters, goIntoTheMiniWindowWhileThatIsInUse) {
     EXPECT_EQ(entry->text(), "");
 }
 
-TEST_F(GreekLetters, belongToTheMiniWindowWhenTheyAreOpenedThere) {
-    document.setIsSmallWindowShown(true);
-    document.showWindow();
+TEST_F(GreekLetters, standAboveTheWindowInUse) {
+    document.windowShouldZoom();
+    EXPECT_EQ(panel->windowHandle()->transientParent(), document.miniWindow()->windowHandle());
     application.preferences().showGreekLettersPanel();
-    auto* const opened = document.miniWindow()->findChild<TXGreekLetterPanel*>();
-    ASSERT_NE(opened, nullptr);
-    EXPECT_EQ(opened->parentWidget(), document.miniWindow());
+    const auto* const opened = document.documentWindow()->findChildren<TXGreekLetterPanel*>().last();
+    EXPECT_NE(opened, panel);
+    EXPECT_EQ(opened->windowHandle()->transientParent(), document.miniWindow()->windowHandle());
     EXPECT_FALSE(opened->frameGeometry().intersects(document.miniWindow()->frameGeometry()));
+    document.windowShouldZoom();
+    EXPECT_EQ(panel->windowHandle()->transientParent(), document.documentWindow()->windowHandle());
 }
 
 TEST_F(GreekLetters, goIntoTheirOwnDocument) {

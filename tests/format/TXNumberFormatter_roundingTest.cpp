@@ -427,6 +427,7 @@ TEST(SetExponentsToZero, fillsTheDigitsUpToTheirFirstPlace) {
     const Row rows[] = {
         {12.5, u"(1, 2, 5)", 2, 0},       // reaches its first place: left alone
         {12.0, u"(1, 2)", 2, 0},          // just reaches it
+        {120.0, u"(1, 2, 0)", 4, 0},      // a zero is missing
         {1200.0, u"(1, 2, 0, 0)", 5, 0},  // filled, and the point moves one place too far
         {1.5e17, u"(1, 5, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0)", 19, 0},
         {1.5e-10, u"(1, 5)", 3, 0},  // no list is long enough for a negative exponent

@@ -8,6 +8,7 @@
 #include "tests/support/DocumentTest.h"
 #include "ui/document/PullDownButton.h"
 #include "ui/document/SegmentedControl.h"
+#include "ui/document/TXOutlineView.h"
 
 namespace {
 
@@ -142,6 +143,7 @@ TEST(FormatControls, areReachedByTabInOrder) {
                                    open.digits(),
                                    segments.first(),
                                    window->findChild<QWidget*>("miniModeButton"),
+                                   open.document.variableOutlineView(),
                                    open.document.mainField(),
                                    open.entry()};
     for (const QWidget* expected : order) {
