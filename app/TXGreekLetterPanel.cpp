@@ -93,7 +93,9 @@ void TXGreekLetterPanel::addLetter(char16_t letter, const QString& name) {
 void TXGreekLetterPanel::showWindow() {
     const QWidget* const window = document_.activeWindow();
     adjustSize();
-    move(placeBeside(window->frameGeometry(), size(), window->screen()->availableGeometry()));
+    // Its own frame is not known before it is shown, so it is taken to be as wide as that of the other window.
+    const QSize framed = size() + window->frameGeometry().size() - window->size();
+    move(placeBeside(window->frameGeometry(), framed, window->screen()->availableGeometry()));
     stayAboveWindowInUse();
     show();
 }

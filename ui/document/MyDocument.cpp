@@ -145,7 +145,7 @@ bool MyDocument::eventFilter(QObject* watched, QEvent* event) {
     const bool isWindow = watched == documentWindow_.get() || watched == miniWindow_.get();
     if (isWindow && event->type() == QEvent::WindowActivate) emit activated();
     if (isWindow && event->type() == QEvent::Close) {
-        if (watched == miniWindow()) rememberMiniWindow();
+        if (watched == miniWindow()) rememberMiniWindow(miniWindow()->geometry());
         emit closed();
     }
     if (isZoomRequest(watched, *event)) emit zoomRequested();

@@ -4,6 +4,7 @@
 #include <QFont>
 #include <QList>
 #include <QObject>
+#include <QRect>
 #include <QTextDocumentFragment>
 #include <cstdint>
 #include <memory>
@@ -232,7 +233,7 @@ private:
     void prepareMiniMode();
     void leaveZoom();
     void placeMiniWindow();
-    void rememberMiniWindow() const;
+    void rememberMiniWindow(const QRect& place);
     bool isZoomRequest(const QObject* window, const QEvent& event) const;
     void refreshMiniModeFormatLabel();
     void showMiniModeMenu(const QPoint& position);
@@ -256,6 +257,7 @@ private:
     bool isBeingResized_ = false;
     std::unique_ptr<TXVariableOutlineViewController> variableOutlineViewController_;
     bool keepsMiniWindowOnTop_ = false;
+    QRect miniWindowPlace_;  // without the window manager's frame
     QActionGroup* digitItems_ = nullptr;
     QList<QAction*> angleUnitActions_;
 

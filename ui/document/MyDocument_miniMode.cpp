@@ -20,19 +20,22 @@
 
 namespace {
 
-constexpr auto frameKey = "miniWindowFrame";
+constexpr auto placeKey = "miniWindowPlace";
 constexpr auto keepOnTopKey = "keepMiniWindowOnTop";
 
-/// The rectangle moved, and made as narrow as needed, so that all of it is on a screen.
-QRect movedOntoScreen(QRect frame, int titleBarHeight) {
-    const QScreen* screen = QGuiApplication::screenAt(frame.center());
-    const QRect area = (screen != nullptr ? screen : QGuiApplication::primaryScreen())->availableGeometry();
-    frame.setWidth(std::min(frame.width(), area.width()));
-    frame.moveRight(std::min(frame.right(), area.right()));
-    frame.moveBottom(std::min(frame.bottom(), area.bottom() - titleBarHeight));
-    frame.moveLeft(std::max(frame.left(), area.left()));
-    frame.moveTop(std::max(frame.top(), area.top()));
-    return frame;
+/// A window's place without its frame moved, and made as narrow as needed, so that all of it is on a screen, and its
+/// title bar too; an empty one as it is.
+QRect movedOntoScreen(QRect place, int titleBarHeight) {
+    if (place.isEmpty()) return place;
+    const QScreen* screen = QGuiApplication::screenAt(place.center());
+    QRect area = (screen != nullptr ? screen : QGuiApplication::primaryScreen())->availableGeometry();
+    area.setTop(area.top() + titleBarHeight);
+    place.setWidth(std::min(place.width(), area.width()));
+    place.moveRight(std::min(place.right(), area.right()));
+    place.moveBottom(std::min(place.bottom(), area.bottom()));
+    place.moveLeft(std::max(place.left(), area.left()));
+    place.moveTop(std::max(place.top(), area.top()));
+    return place;
 }
 
 }  // namespace
@@ -57,9 +60,9 @@ bool MyDocument::windowShouldZoom() {
     if (isSmallWindowShown_) {
         miniWindow()->setWindowTitle(documentWindow()->windowTitle());
         showLastAnswerInMiniWindow();
-        if (!miniWindow()->testAttribute(Qt::WA_Moved)) placeMiniWindow();
+        placeMiniWindow();
     } else {
-        rememberMiniWindow();
+        rememberMiniWindow(miniWindow()->geometry());
     }
     activeFormulaTextView()->takeOver(*from);
     showWindow();
@@ -68,20 +71,25 @@ bool MyDocument::windowShouldZoom() {
     return false;
 }
 
+// Also when it had a place before: a window manager may have moved it since it was hidden, answering what was asked
+// when it was still there.
 void MyDocument::placeMiniWindow() {
-    QRect frame = UserDefaults().interfaceValueForKey(frameKey).toRect();
-    if (frame.isEmpty()) {
-        frame = QRect(QPoint(), miniWindow()->size());
-        frame.moveTopRight(documentWindow()->screen()->availableGeometry().topRight());
+    if (miniWindowPlace_.isEmpty()) {
+        const int titleBarHeight = miniWindow()->style()->pixelMetric(QStyle::PM_TitleBarHeight);
+        miniWindowPlace_ = movedOntoScreen(UserDefaults().interfaceValueForKey(placeKey).toRect(), titleBarHeight);
     }
-    frame = movedOntoScreen(frame, miniWindow()->style()->pixelMetric(QStyle::PM_TitleBarHeight));
-    miniWindow()->resize(frame.width(), miniWindow()->height());
-    miniWindow()->move(frame.topLeft());
+    if (miniWindowPlace_.isEmpty()) {
+        const int right = documentWindow()->screen()->availableGeometry().right();
+        miniWindow()->move(right + 1 - miniWindow()->width(), 0);
+    } else {
+        miniWindow()->setGeometry(
+            QRect(miniWindowPlace_.topLeft(), QSize(miniWindowPlace_.width(), miniWindow()->height())));
+    }
 }
 
-// Its place, which is that of the window manager's frame, and its own size.
-void MyDocument::rememberMiniWindow() const {
-    UserDefaults().setInterfaceValue(QRect(miniWindow()->pos(), miniWindow()->size()), frameKey);
+void MyDocument::rememberMiniWindow(const QRect& place) {
+    miniWindowPlace_ = place;
+    UserDefaults().setInterfaceValue(place, placeKey);
 }
 
 bool MyDocument::isZoomRequest(const QObject* window, const QEvent& event) const {
@@ -100,7 +108,7 @@ void MyDocument::leaveZoom() {
     maximized->setWindowState(maximized->windowState() & ~Qt::WindowMaximized);
     windowShouldZoom();
     maximized->setGeometry(before);  // The window manager would still be at it.
-    if (maximized == miniWindow()) rememberMiniWindow();
+    if (maximized == miniWindow()) rememberMiniWindow(before);
 }
 
 void MyDocument::setKeepsMiniWindowOnTop(bool isOnTop) {

@@ -274,10 +274,10 @@ TEST(MiniWindow, opensOnTheScreenWhateverIsStored) {
     const OpenModes open;
     const QRect screen = open.document.documentWindow()->screen()->availableGeometry();
     for (const QRect& stored : {QRect(-5000, -5000, 340, 84), QRect(90000, 90000, 340, 84), QRect(0, 0, 90000, 84)}) {
-        UserDefaults().setInterfaceValue(stored, "miniWindowFrame");
+        UserDefaults().setInterfaceValue(stored, "miniWindowPlace");
         MyDocument document;
         document.windowShouldZoom();
-        EXPECT_TRUE(screen.contains(document.miniWindow()->pos()));
+        EXPECT_TRUE(screen.contains(document.miniWindow()->geometry().topLeft()));
         EXPECT_TRUE(screen.contains(document.miniWindow()->geometry().center()));
         EXPECT_LE(document.miniWindow()->width(), screen.width());
     }
