@@ -32,6 +32,7 @@ void MiniModeAnswerField::showError(const QString& error) {
 
 void MiniModeAnswerField::show(const QString& text) {
     setText(text);
+    setAccessibleDescription(text);  // The name says what it is, so a screen reader would not come to the text.
     refreshToolTip();
 }
 

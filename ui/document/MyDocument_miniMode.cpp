@@ -2,6 +2,8 @@
 
 #include "ui/document/MyDocument.h"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QEvent>
 #include <QMenu>
@@ -38,9 +40,17 @@ QRect movedOntoScreen(QRect place, int titleBarHeight) {
     return place;
 }
 
+/// A plain widget is no window for assistive technology, wherever it is.
+QAccessibleInterface* makeWindow(const QString& /*className*/, QObject* object) {
+    auto* widget = qobject_cast<QWidget*>(object);
+    const bool isMiniWindow = widget != nullptr && widget->objectName() == QLatin1String("miniWindow");
+    return isMiniWindow ? new QAccessibleWidget(widget, QAccessible::Window) : nullptr;
+}
+
 }  // namespace
 
 void MyDocument::prepareMiniMode() {
+    QAccessible::installFactory(makeWindow);  // Once: it is known by its address.
     ui_->miniModeButton->setToolTip(
         tr("Mini mode (%1)").arg(QKeySequence(QStringLiteral("Ctrl+Shift+M")).toString(QKeySequence::NativeText)));
     // Not while the window manager's wish is still being carried out.
@@ -130,6 +140,7 @@ void MyDocument::refreshMiniModeFormatLabel() {
         text += u' ' + formattingTypeButton()->title();
     }
     miniUi_->miniModeFormatLabel->setText(text);
+    miniUi_->miniModeFormatLabel->setAccessibleDescription(text);
 }
 
 void MyDocument::addMiniModeCommands(QMenu* menu) {

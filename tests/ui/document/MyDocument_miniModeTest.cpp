@@ -209,6 +209,18 @@ TEST(MiniWindowLabel, saysUnitAndFormat) {
     EXPECT_EQ(open.label()->palette().color(QPalette::WindowText), QColor(255, 255, 255, 178));
 }
 
+TEST(MiniWindow, tellsAScreenReaderWhatItShows) {
+    OpenModes open;
+    open.zoom();
+    open.press(u"1/4⏎");
+    EXPECT_EQ(open.document.miniModeAnswerField()->accessibleDescription(), "0.25");
+    open.press(u"⌘sin(30⏎");
+    EXPECT_EQ(open.document.miniModeAnswerField()->accessibleDescription(), open.answer());
+    open.chooseType(7);
+    EXPECT_EQ(open.label()->accessibleDescription(), "rad Hexadecimal");
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(open.document.miniWindow())->role(), QAccessible::Window);
+}
+
 TEST(MiniWindowLabel, isNeverCutInTheNarrowestWindow) {
     OpenModes open;
     open.chooseDegrees();
