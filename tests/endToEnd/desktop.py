@@ -7,6 +7,7 @@
 Nothing here sleeps for a fixed time: it waits for what is to happen, and fails after PATIENCE seconds.
 """
 
+import contextlib
 import os
 import pathlib
 import re
@@ -26,7 +27,7 @@ class Timeout(Exception):
 
 
 class ProgramFailed(Exception):
-    """A program ended by an error while one of its windows was waited for."""
+    """A program ended while one of its windows was waited for."""
 
 
 def wait_for(condition, what):
@@ -198,14 +199,6 @@ class Desktop:
     def click(self, window, x, y, button=1):
         self._run("xdotool", "mousemove", "--window", window, str(x), str(y), "click", str(button))
 
-    def drag(self, window, start, end):
-        """Drags from one place in the window to another, in steps as a hand does."""
-        points = [tuple(a + (b - a) * step // 8 for a, b in zip(start, end)) for step in range(9)]
-        self._run("xdotool", "mousemove", "--window", window, *map(str, start), "mousedown", "1")
-        for point in points:
-            self._run("xdotool", "mousemove", "--window", window, *map(str, point))
-        self._run("xdotool", "mouseup", "1")
-
     def double_click(self, window, x, y):
         self._run("xdotool", "mousemove", "--window", window, str(x), str(y), "click", "--repeat", "2", "--delay", "20", "1")
 
@@ -218,13 +211,19 @@ class Desktop:
             self._run("xdotool", "mousemove", "--sync", "--window", window, str(x), str(y))
         self._run("xdotool", "mousemove", "--window", window, str(end[0] - 1), str(end[1]), "mouseup", "1")
 
+    @contextlib.contextmanager
+    def menu(self, open_it):
+        """A menu, from when it is opened until it was left."""
+        before = self._shown()
+        open_it()
+        wait_for(lambda: self._shown() > before, "the menu")
+        yield
+        wait_for(lambda: self._shown() == before, "the end of the menu")
+
     def open_and_close_menu(self, key):
         """Opens a menu with the key and leaves it, and then the menu bar."""
-        before = self._shown()
-        self.key(key)
-        wait_for(lambda: self._shown() > before, "the menu")
-        self.key("Escape")
-        wait_for(lambda: self._shown() == before, "the end of the menu")
+        with self.menu(lambda: self.key(key)):
+            self.key("Escape")
         self.key("Escape")
 
     def _shown(self):
@@ -302,6 +301,12 @@ class Program:
     def must_not_have_failed(self):
         """A program that ended by an error will show no window: what it said beats waiting for one."""
         if self.process.poll():
+            status, text = self.outcome()
+            raise ProgramFailed(f"status {status}: {text}")
+
+    def must_be_running(self):
+        """What is asked of a program that ended, in whatever way, is never answered."""
+        if self.process.poll() is not None:
             status, text = self.outcome()
             raise ProgramFailed(f"status {status}: {text}")
 

@@ -3,7 +3,8 @@
 import os
 import unittest
 
-from desktop import Desktop, Program, wait_for
+from accessibility import AccessibleDesktop
+from desktop import Desktop, Program, Timeout, wait_for
 
 FIRST = "Untitled — Tallix"
 SECOND = "Untitled 2 — Tallix"
@@ -12,9 +13,11 @@ SECOND = "Untitled 2 — Tallix"
 class DesktopTest(unittest.TestCase):
     """The tests of a class share a desktop. Each finds it without windows and settings, and with a plain keyboard."""
 
+    make_desktop = Desktop
+
     @classmethod
     def setUpClass(cls):
-        cls.desktop = cls.enterClassContext(Desktop())
+        cls.desktop = cls.enterClassContext(cls.make_desktop())
 
     def setUp(self):
         self.desktop.clear()
@@ -34,6 +37,13 @@ class SessionTest(DesktopTest):
     def assert_quits_after(self, *keys):
         self.desktop.key(*keys)
         self.assertEqual(self.program.outcome(), (0, ""))
+
+    def change_window(self):
+        """To the mini window or back; the id of the window that is there then. Both have the same title."""
+        before = self.desktop.active_window()
+        self.desktop.key("ctrl+shift+m")
+        wait_for(lambda: self.desktop.has_keyboard(FIRST) and self.desktop.active_window() != before, "the other window")
+        return self.desktop.active_window()
 
 
 class WholeSession(SessionTest):
@@ -290,14 +300,6 @@ class Focus(SessionTest):
 
 
 class MiniMode(SessionTest):
-    """The same title stands over both windows, which differ in their ids."""
-
-    def change_window(self, keys="ctrl+shift+m"):
-        before = self.desktop.active_window()
-        self.desktop.key(keys)
-        wait_for(lambda: self.desktop.has_keyboard(FIRST) and self.desktop.active_window() != before, "the other window")
-        return self.desktop.active_window()
-
     def test_calculates_and_comes_back(self):
         desktop = self.desktop
         full = desktop.active_window()
@@ -371,11 +373,8 @@ class Formats(SessionTest):
         window = desktop.active_window()
         desktop.enter("1/8")
         left, _, width, height = desktop.place(window)
-        before = desktop._shown()
-        desktop.click(window, 40, height - 18)
-        wait_for(lambda: desktop._shown() > before, "the menu")
-        desktop.key("p")  # Percent
-        wait_for(lambda: desktop._shown() == before, "the end of the menu")
+        with desktop.menu(lambda: desktop.click(window, 40, height - 18)):
+            desktop.key("p")  # Percent
         desktop.click(window, width - 140, height - 18)  # Degrees
         desktop.enter("+0")
         self.assertEqual(desktop.history(), "1/8\n\t= 0.125\n\nans1+0\n\t= 12.5%")
@@ -427,6 +426,129 @@ class Sidebar(SessionTest):
         desktop.key("F9")
         desktop.double_click(desktop.active_window(), *self.PI)
         self.assert_line("pi")
+        self.assert_quits_after("ctrl+q")
+
+
+class HistoryMenu(SessionTest):
+    """What a right click in the history offers, and the Menu key."""
+
+    EQUATION, ANSWER = (225, 46), (260, 69)  # the first calculation
+
+    def test_copies_and_uses_a_calculation(self):
+        desktop = self.desktop
+        window = desktop.active_window()
+        desktop.enter("2+3", "4*5")
+        desktop.type("1+")
+        for place, key, copied in ((self.EQUATION, "a", "5"), (self.ANSWER, "e", "2+3")):
+            with desktop.menu(lambda: desktop.click(window, *place, button=3)):
+                self.assertEqual(desktop.copied(key), copied)
+        desktop.key("shift+Tab", "ctrl+Home", "Menu", "u")  # Use Equation
+        desktop.enter("*7")
+        self.assertEqual(desktop.history(), "2+3\n\t= 5\n\n4*5\n\t= 20\n\n1+2+3*7\n\t= 24")
+        self.assert_quits_after("ctrl+q")
+
+
+class Inspector(SessionTest):
+    TITLE = "Inspector — Tallix"
+
+    def test_leaves_the_document_as_it_is(self):
+        desktop = self.desktop
+        desktop.enter("2+3")
+        desktop.key("alt+w", "i")
+        desktop.wait_for_window(self.TITLE)
+        desktop.key("Down", "Down", "alt+a", "alt+h")
+        desktop.key("Escape")
+        desktop.wait_for_window(FIRST)
+        desktop.enter("*2")
+        self.assertEqual(desktop.history(), "2+3\n\t= 5\n\nans1*2\n\t= 10")
+        desktop.key("alt+w", "i")
+        desktop.wait_for_window(self.TITLE)
+        desktop.activate(FIRST)
+        desktop.key("alt+w", "i")
+        desktop.wait_for_window(self.TITLE)
+        self.assertEqual(len(desktop.windows("Inspector")), 1)
+        desktop.activate(FIRST)
+        self.assert_quits_after("ctrl+q")
+
+
+class Accessibility(SessionTest):
+    """What a screen reader can read: the controls by their names, and the answers."""
+
+    make_desktop = AccessibleDesktop
+
+    def read(self, name, condition=lambda found: True):
+        """What has this name, as it is when the condition first holds for it."""
+        found = None
+
+        def is_read():
+            nonlocal found
+            window = self.desktop.accessible_window(self.program)
+            found = window.find(name) if window is not None else None
+            return found is not None and condition(found)
+
+        try:
+            wait_for(is_read, "what a screen reader reads")
+        except Timeout:
+            self.fail(f"{name!r} is read as {found}")
+        return found
+
+    def assert_described(self, name, description):
+        self.read(name, lambda found: found.description == description)
+
+    def assert_unit(self, unit):
+        def is_chosen(control):
+            checked = [segment.name for segment in control.children if "checked" in segment.states]
+            return checked == [unit]
+
+        control = self.read("Angle unit", is_chosen)
+        self.assertEqual([(segment.role, segment.name) for segment in control.children],
+                         [("radio button", "Radians"), ("radio button", "Degrees")])
+
+    def assert_rows(self, *rows):
+        """The rows of the answers in the sidebar."""
+        self.read("Variables", lambda tree: [row.name for row in tree.children if row.name.startswith("ans")] == list(rows))
+
+    def test_every_control_has_a_name(self):
+        roles = {"Equation": "text", "History": "text", "Variables": "tree", "Number format": "push button",
+                 "Digits": "push button", "Angle unit": "panel", "Mini mode": "push button"}
+        self.assertEqual({name: self.read(name).role for name in roles}, roles)
+        self.assertEqual(self.read("Untitled").role, "frame")
+        self.change_window()
+        roles = {"Equation": "text", "Format": "label", "Answer": "label", "Untitled": "frame"}
+        self.assertEqual({name: self.read(name).role for name in roles}, roles)
+
+    def test_answers_are_read_in_either_window(self):
+        desktop = self.desktop
+        desktop.enter("12345")
+        self.read("History", lambda history: history.text.rstrip() == "12345\n\t= 12345")
+        self.change_window()
+        desktop.enter("*4")
+        self.assert_described("Answer", "49380")
+        self.assert_described("Format", "rad")
+        self.assertEqual(self.read("Equation").text, "ans*4")
+        desktop.enter("sin(1")
+        self.read("Answer", lambda answer: answer.description.startswith("Error: There is an open parenthesis"))
+        self.change_window()
+        self.assert_rows("ans=49380", "ans1=12345", "ans2=49380")
+
+    def test_formats_and_unit_are_read_with_their_state(self):
+        desktop = self.desktop
+        desktop.enter("49380")
+        desktop.key("alt+o", "n", "s")  # Scientific
+        self.assert_described("Number format", "Scientific")
+        self.assert_rows("ans=4.938e4", "ans1=4.938e4")
+        self.assertIn("enabled", self.read("Digits").states)
+        desktop.key("Tab", "space", "h", "shift+Tab")  # Hexadecimal
+        self.assert_described("Number format", "Hexadecimal")
+        self.read("Digits", lambda digits: "enabled" not in digits.states)
+        self.assert_rows("ans=0xC0E4", "ans1=0xC0E4")
+
+        self.assert_unit("Radians")
+        desktop.key("alt+o", "a", "d")
+        self.assert_unit("Degrees")
+        self.change_window()
+        self.assert_described("Answer", "0xC0E4")
+        self.assert_described("Format", "deg Hexadecimal")
         self.assert_quits_after("ctrl+q")
 
 
