@@ -1,5 +1,6 @@
 // From the full window to the mini window and back, and what the mini window shows and offers.
 
+#include <QAccessible>
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
