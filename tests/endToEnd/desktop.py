@@ -77,7 +77,7 @@ class Desktop:
 
     def clear(self):
         """Makes it as new for the next program, once the windows of the one before are gone."""
-        wait_for(lambda: not self._shown(), "a desktop without windows")
+        wait_for(lambda: not self.shown(), "a desktop without windows")
         shutil.rmtree(self.settings)
         self.settings.mkdir(mode=0o700)
         self.set_keyboard("us", "-variant", "", "-option", "")
@@ -137,6 +137,15 @@ class Desktop:
     def _output(self, *command):
         return self._run(*command).stdout
 
+    def _wait_for(self, condition, what):
+        """Waits for what a program is to do, as long as none has failed."""
+        def is_met():
+            for program in self.programs:
+                program.must_not_have_failed()
+            return condition()
+
+        return wait_for(is_met, what)
+
     # Windows
 
     def active_window(self):
@@ -157,12 +166,14 @@ class Desktop:
 
     def wait_for_window(self, title):
         """Waits until this very title is that of the window with the keyboard."""
-        def arrived():
-            for program in self.programs:
-                program.must_not_have_failed()
-            return self.has_keyboard(title)
+        self._wait_for(lambda: self.has_keyboard(title), f"the window {title!r}")
 
-        wait_for(arrived, f"the window {title!r}")
+    def change_window(self, *keys):
+        """Presses keys that replace the window with the keyboard by another one of the same title; the id of that."""
+        before, title = self.active_window(), self.active_title()
+        self.key(*keys)
+        self._wait_for(lambda: self.has_keyboard(title) and self.active_window() != before, "the other window")
+        return self.active_window()
 
     def activate(self, title):
         """Brings the window with this very title to the front, as a task bar does."""
@@ -189,12 +200,15 @@ class Desktop:
         self._run("xdotool", "key", *keys)
 
     def type(self, text):
-        self._run("xdotool", "type", "--delay", "1", text)
+        self._run("xdotool", "type", "--delay", "1", "--", text)
 
     def enter(self, *lines):
         for line in lines:
             self.type(line)
             self.key("Return")
+
+    def move_pointer(self, x, y):
+        self._run("xdotool", "mousemove", str(x), str(y))
 
     def click(self, window, x, y, button=1):
         self._run("xdotool", "mousemove", "--window", window, str(x), str(y), "click", str(button))
@@ -214,11 +228,11 @@ class Desktop:
     @contextlib.contextmanager
     def menu(self, open_it):
         """A menu, from when it is opened until it was left."""
-        before = self._shown()
+        before = self.shown()
         open_it()
-        wait_for(lambda: self._shown() > before, "the menu")
+        self._wait_for(lambda: self.shown() > before, "the menu")
         yield
-        wait_for(lambda: self._shown() == before, "the end of the menu")
+        self._wait_for(lambda: self.shown() == before, "the end of the menu")
 
     def open_and_close_menu(self, key):
         """Opens a menu with the key and leaves it, and then the menu bar."""
@@ -226,7 +240,7 @@ class Desktop:
             self.key("Escape")
         self.key("Escape")
 
-    def _shown(self):
+    def shown(self):
         """The visible windows of the program, menus included."""
         return set(self._output("xdotool", "search", "--onlyvisible", "--class", "tallix").split())
 

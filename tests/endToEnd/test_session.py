@@ -39,11 +39,8 @@ class SessionTest(DesktopTest):
         self.assertEqual(self.program.outcome(), (0, ""))
 
     def change_window(self):
-        """To the mini window or back; the id of the window that is there then. Both have the same title."""
-        before = self.desktop.active_window()
-        self.desktop.key("ctrl+shift+m")
-        wait_for(lambda: self.desktop.has_keyboard(FIRST) and self.desktop.active_window() != before, "the other window")
-        return self.desktop.active_window()
+        """To the mini window or back; the id of the window that is there then."""
+        return self.desktop.change_window("ctrl+shift+m")
 
 
 class WholeSession(SessionTest):
