@@ -55,8 +55,8 @@ class AccessibleDesktop(Desktop):
         return self
 
     def accessible_window(self, program):
-        """The program's window on the screen; nothing while it changes."""
+        """The program's window with the keyboard; nothing while that changes."""
         program.must_be_running()
         result = self._run("/usr/bin/python3", "-B", str(READER), str(program.process.pid))
         windows = json.loads(result.stdout) if result.returncode == 0 else []
-        return next((Accessible(window) for window in windows if "showing" in window["states"]), None)
+        return next((Accessible(window) for window in windows if "active" in window["states"]), None)
