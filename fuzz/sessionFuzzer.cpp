@@ -11,6 +11,7 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -65,16 +66,18 @@ Input inputOf(std::string_view bytes) {
     return input;
 }
 
-/// What a refused line leaves as it was.
+/// What a preview and a refused line leave as it was.
 struct Bookkeeping {
     std::int32_t answerNumber = 0;
     std::int32_t lastAssigned = -1;
     std::vector<std::pair<bool, std::uint64_t>> values;  ///< Of each variable: whether it has one, and its bits.
+    std::int32_t namesFound = 0;                         ///< How many variables their names lead to.
 
     explicit Bookkeeping(const TXEquationController& controller)
         : answerNumber(controller.currentAnswerCacheNumber()), lastAssigned(controller.lastVariableAssignedIndex()) {
         for (const TXVariable& variable : controller.variableArray()) {
             values.emplace_back(variable.isDefined(), std::bit_cast<std::uint64_t>(variable.number()));
+            if (controller.getVariableIndexForString(variable.variableName()) == variable.variableIndex()) ++namesFound;
         }
     }
     bool operator==(const Bookkeeping&) const = default;
@@ -116,7 +119,11 @@ private:
     void enter(std::u16string_view line) {
         const std::size_t count = controller_.equationsArray().size();
         const Bookkeeping before(controller_);
+        const std::optional<LinePreview> preview = controller_.previewOneString(line);
+        expect(controller_.equationsArray().size() == count && before == Bookkeeping(controller_),
+               "a preview changes nothing");
         TXResult* const result = controller_.addOneStringBlindly(line);
+        expect(preview.has_value() == (result != nullptr), "a blank line has no preview");
         if (result == nullptr) {
             expect(controller_.equationsArray().size() == count && before == Bookkeeping(controller_),
                    "a blank line changes nothing");
@@ -127,12 +134,24 @@ private:
         expect(equation.equationIndex() == static_cast<std::int32_t>(count), "an equation knows its position");
         expect(equation.lastResult() == result && controller_.lastResult() == result, "a result lives in its equation");
         checkEquation(equation, controller_.variableArray());
+        checkPreview(*preview, *result);
         if (result->isErrorMessage()) {
             checkRefused(*result, before);
         } else {
             checkAccepted(*result, before, static_cast<std::int32_t>(count));
         }
         keepOutcome(*result, equation);
+    }
+
+    void checkPreview(const LinePreview& preview, const TXResult& result) const {
+        const bool isError = result.isErrorMessage();
+        expect(preview.result.isErrorMessage() == isError, "a preview is refused as the line is");
+        expect(!isError || preview.result.errorMessage() == result.errorMessage(), "a preview has the line's message");
+        expect(std::bit_cast<std::uint64_t>(preview.result.number()) == std::bit_cast<std::uint64_t>(result.number()),
+               "a preview has the line's number");
+        const std::int32_t assigned = isError ? -1 : result.variableToAssign();
+        expect(preview.variableName == (assigned == -1 ? u"" : controller_.variableArray()[assigned].variableName()),
+               "a preview names the line's variable");
     }
 
     void checkRefused(const TXResult& result, const Bookkeeping& before) const {
@@ -143,6 +162,7 @@ private:
             expect(!after.values[position].first, "what a refused line names has no value");
         }
         after.values.resize(before.values.size());
+        after.namesFound = before.namesFound;
         expect(after == before, "a refused line leaves answers and numbering as they were");
     }
 

@@ -28,16 +28,6 @@ constexpr bool isTrimmed(char16_t character) {
     }
 }
 
-std::u16string_view trimmed(std::u16string_view line) {
-    while (!line.empty() && isTrimmed(line.front())) {
-        line.remove_prefix(1);
-    }
-    while (!line.empty() && isTrimmed(line.back())) {
-        line.remove_suffix(1);
-    }
-    return line;
-}
-
 // The value of a run of digits, or the largest number where it is larger.
 std::int32_t saturatingInteger(std::u16string_view digits) {
     constexpr std::int64_t base = 10;
@@ -75,6 +65,16 @@ void TXEquationController::clearAll() {
     variableArray_.append(TXVariable::initWithName(answerName, false, 0.0)).setIsAutoCached(true);
     currentAnswerCacheName_ = {};
     currentAnswerCacheNumberBlacklist_.clear();
+}
+
+std::u16string_view TXEquationController::trimmed(std::u16string_view line) {
+    while (!line.empty() && isTrimmed(line.front())) {
+        line.remove_prefix(1);
+    }
+    while (!line.empty() && isTrimmed(line.back())) {
+        line.remove_suffix(1);
+    }
+    return line;
 }
 
 TXResult* TXEquationController::addOneStringBlindly(std::u16string_view line) {

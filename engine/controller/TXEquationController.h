@@ -11,6 +11,7 @@
 
 #include "engine/calculator/TXECalculator.h"
 #include "engine/controller/AnswerName.h"
+#include "engine/controller/LinePreview.h"
 #include "engine/controller/TXDictionary.h"
 #include "engine/parser/TXEHasher.h"
 #include "engine/records/TXEquation.h"
@@ -37,6 +38,11 @@ public:
     /// changes no value. Gives the line's result, which lives in its equation until `clearAll`; nullptr for a blank
     /// line. Takes time in proportion to the line, however long the session.
     TXResult* addOneStringBlindly(std::u16string_view line);
+
+    /// What `addOneStringBlindly` would give for the line, which is not entered: variables, equations, numbering and
+    /// `ans` stay exactly as they are, and so does what parser and evaluator know of the last line. Nothing for a blank
+    /// line. Takes time and memory in proportion to the line, however long the session.
+    std::optional<LinePreview> previewOneString(std::u16string_view line);
 
     /// An older entry: an error result for the empty text, nothing for any other.
     std::optional<std::vector<TXResult>> addString(std::u16string_view text) const;
@@ -114,6 +120,7 @@ public:
     void createReservedKeywordsDictionary();
 
 private:
+    static std::u16string_view trimmed(std::u16string_view line);
     void keepAnswer(const TXResult& result, std::int32_t equationIndex);
     std::int32_t newAnswerVariable(double number, std::int32_t equationIndex);
 

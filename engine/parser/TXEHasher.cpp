@@ -52,13 +52,12 @@ void TXEHasher::handOver(TXEquation& equation) {
         return;
     }
     currentEquationResult_->setIsHashed(true);
-    std::pmr::memory_resource* const memory = equationController_->memory();
     if (equalsCount_ == 0) {
-        equation.setLeftEquationBlocks(equationBlocks_.finish(memory));
+        equation.setLeftEquationBlocks(equationBlocks_.finish(memory_));
         equation.setRightEquationBlocks({});
     } else {
         equation.setLeftEquationBlocks(std::move(leftEquationBlocks_));
-        equation.setRightEquationBlocks(equationBlocks_.finish(memory));
+        equation.setRightEquationBlocks(equationBlocks_.finish(memory_));
     }
 }
 
@@ -83,6 +82,7 @@ void TXEHasher::reset() {
 void TXEHasher::load(TXEquation& equation) {
     constexpr std::size_t longest = std::size_t{1} << 27U;  // a character can need some 70 bytes while it is parsed
     currentEquationResult_ = &equation.beginResult();
+    memory_ = equation.memory();
     indexOfEquationToHash_ = equation.equationIndex();
     positionBeforePreviousHash_ = 0;
     positionBeforeHash_ = 0;
@@ -100,7 +100,7 @@ void TXEHasher::prepareForHashOfLeftSide() {
 
 void TXEHasher::prepareForHashOfRightSide() {
     if (!isThereAnError_) {
-        leftEquationBlocks_ = equationBlocks_.finish(equationController_->memory());
+        leftEquationBlocks_ = equationBlocks_.finish(memory_);
     }
     prepareBlocks();
 }

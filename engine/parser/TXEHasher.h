@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <initializer_list>
+#include <memory_resource>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -154,6 +155,7 @@ protected:
     std::vector<TXPosition> equationIndentTracker_;  ///< One entry for each level; entry 0 is the side's top level.
     TXResult* currentEquationResult_ = nullptr;
     bool isThereAnError_ = false;
+    std::pmr::memory_resource* memory_ = std::pmr::get_default_resource();  ///< That of the equation.
     TXBlockListsBuilder equationBlocks_;  ///< The lists of the side being parsed, with their information.
     TXBlockLists leftEquationBlocks_;     ///< The left side, once "=" has ended it.
     std::int32_t indexOfEquationToHash_ = 0;

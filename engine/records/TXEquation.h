@@ -16,13 +16,16 @@ public:
     static TXEquation initWithEquationString(std::u16string_view equationString) {
         return TXEquation(equationString, std::pmr::get_default_resource());
     }
-    /// The memory resource, which must outlive the equation, holds its text.
+    /// The memory resource, which must outlive the equation, holds its text and its block lists.
     TXEquation(std::u16string_view equationString, std::pmr::memory_resource* memory)
         : masterString_(equationString, memory) {}
 
     /// The text as entered. Parsing rewrites `ans` in it to the name of the variable that was meant.
     std::u16string_view masterString() const { return masterString_; }
     void setMasterString(std::u16string_view masterString) { masterString_ = masterString; }
+
+    /// Where the text lies, and the block lists are to lie.
+    std::pmr::memory_resource* memory() const { return masterString_.get_allocator().resource(); }
 
     /// The outcome of the last evaluation, nullptr before the first. It lives in the equation.
     TXResult* lastResult() { return lastResult_ ? &*lastResult_ : nullptr; }

@@ -56,6 +56,21 @@ void TXNameIndex::grow() {
     }
 }
 
+// What stands behind the slot moves up where it would no longer be found (Knuth, The Art of Computer Programming 6.4,
+// algorithm R).
+void TXNameIndex::free(std::size_t slot) {
+    for (std::size_t next = (slot + 1) & mask(); slots_[next].position != none; next = (next + 1) & mask()) {
+        const std::size_t home = slots_[next].hash & mask();
+        const bool isFoundFromBehind = ((next - home) & mask()) < ((next - slot) & mask());
+        if (!isFoundFromBehind) {
+            slots_[slot] = slots_[next];
+            slot = next;
+        }
+    }
+    slots_[slot] = {};
+    --used_;
+}
+
 void TXNameIndex::place(Slot entry) {
     std::size_t slot = entry.hash & mask();
     while (slots_[slot].position != none) {

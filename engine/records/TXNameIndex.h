@@ -33,6 +33,14 @@ public:
         }
     }
 
+    /// Forgets that `name` stands at `position`, the last of the list, unless an earlier position is known.
+    template <class NameAt>
+    void removeLast(std::u16string_view name, std::uint32_t nameHash, std::int32_t position, const NameAt& nameAt) {
+        if (find(name, nameHash, nameAt) == position) {
+            free(slotOf(name, nameHash, nameAt));
+        }
+    }
+
     /// Forgets every name.
     void clear();
 
@@ -56,6 +64,7 @@ private:
     }
 
     void grow();
+    void free(std::size_t slot);
     void place(Slot entry);
 
     std::vector<Slot> slots_;  ///< A power of two of them, at most three quarters used.

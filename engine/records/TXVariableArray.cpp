@@ -21,6 +21,13 @@ TXVariable& TXVariableArray::settle(TXVariable& variable, std::uint32_t nameHash
     return variable;
 }
 
+void TXVariableArray::removeLast() {
+    const std::u16string_view name = variables_.back().variableName();
+    index_.removeLast(name, TXNameIndex::hash(name), size_ - 1, NameAt{*this});
+    variables_.pop_back();
+    --size_;
+}
+
 void TXVariableArray::clear() {
     variables_.clear();
     size_ = 0;

@@ -34,6 +34,9 @@ public:
     /// Adds an undefined variable of this name, whose hash is `nameHash`.
     TXVariable& append(std::u16string_view name, std::uint32_t nameHash);
 
+    /// Takes the last variable away, of which there must be one. Every other stays where it is.
+    void removeLast();
+
     void clear();
     /// How often the list was cleared. While the number stays, what stood at a position still stands there.
     std::uint32_t timesCleared() const { return timesCleared_; }

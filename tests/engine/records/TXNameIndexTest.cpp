@@ -20,6 +20,11 @@ public:
         names_.push_back(name);
         index_.insert(name, hash_(name), position, NameAt{names_});
     }
+    void removeLast() {
+        const std::u16string& name = names_.back();
+        index_.removeLast(name, hash_(name), static_cast<std::int32_t>(names_.size()) - 1, NameAt{names_});
+        names_.pop_back();
+    }
     std::int32_t find(std::u16string_view name) const { return index_.find(name, hash_(name), NameAt{names_}); }
     void clear() {
         names_.clear();
@@ -109,6 +114,33 @@ TEST_P(TXNameIndexHashes, findManyNames) {
     EXPECT_EQ(list.find(u"v0"), -1);
     list.add(u"v999");
     EXPECT_EQ(list.find(u"v999"), 0);
+}
+
+TEST(TXNameIndex, theLastNameOfTwoEqualOnesLeavesTheFirst) {
+    NameList list;
+    for (const char16_t* name : {u"x", u"y", u"x"}) list.add(name);
+    list.removeLast();
+    EXPECT_EQ(list.find(u"x"), 0);
+    list.removeLast();
+    EXPECT_EQ(list.find(u"y"), -1);
+    list.removeLast();
+    EXPECT_EQ(list.find(u"x"), -1);
+}
+
+// The table grows on the way, which puts its names into another order.
+TEST_P(TXNameIndexHashes, namesGoAgainFromTheLastToTheFirst) {
+    constexpr std::int32_t count = 200;
+    NameList list(GetParam().hash);
+    for (std::int32_t position = 0; position < count; ++position) list.add(u"v" + integerText(position));
+    for (std::int32_t left = count - 1; left >= 0; --left) {
+        list.removeLast();
+        EXPECT_EQ(list.find(u"v" + integerText(left)), -1);
+        for (std::int32_t position = 0; position < left; ++position) {
+            ASSERT_EQ(list.find(u"v" + integerText(position)), position);
+        }
+    }
+    list.add(u"v7");
+    EXPECT_EQ(list.find(u"v7"), 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(Any, TXNameIndexHashes,

@@ -100,6 +100,23 @@ TEST(TXVariableArray, clearForgetsVariablesAndNames) {
     EXPECT_EQ(variables.indexOf(u"a"), -1);
 }
 
+TEST(TXVariableArray, takesTheLastVariableAway) {
+    TXVariableArray variables;
+    const TXVariable& first = variables.append(named(u"a"));
+    variables.append(named(u"b"));
+    variables.append(named(u"a"));
+    variables.removeLast();
+    EXPECT_EQ(variables.indexOf(u"a"), 0);
+    variables.removeLast();
+    EXPECT_EQ(variables.indexOf(u"b"), -1);
+    EXPECT_EQ(variables.size(), 1);
+    EXPECT_FALSE(variables.holds(1));
+    EXPECT_EQ(&variables[0], &first);
+    EXPECT_EQ(variables.timesCleared(), 0U);
+    EXPECT_EQ(variables.append(named(u"c")).variableIndex(), 1);
+    EXPECT_EQ(variables.indexOf(u"c"), 1);
+}
+
 TEST(TXVariableArray, countsHowOftenItWasCleared) {
     TXVariableArray variables;
     EXPECT_EQ(variables.timesCleared(), 0U);
