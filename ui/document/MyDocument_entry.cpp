@@ -133,7 +133,10 @@ QString MyDocument::nameOfVariableHolding(const StoredAnswer& stored) const {
     const TXVariableArray& variables = documentEquationController_.variableArray();
     if (!variables.holds(stored.variable)) return {};
     const TXVariable& variable = variables[stored.variable];
-    return variable.isDefined() && variable.number() == stored.number ? stringOf(variable.variableName()) : QString();
+    // Two variables may share a name, which then means the first of them.
+    const bool isMeant = variables.indexOf(variable.variableName()) == stored.variable;
+    const bool holdsIt = variable.isDefined() && variable.number() == stored.number;
+    return isMeant && holdsIt ? stringOf(variable.variableName()) : QString();
 }
 
 // After a calculation the line still shows the newest formula: the first step lands on it, the second moves past it.

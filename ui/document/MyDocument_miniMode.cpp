@@ -84,13 +84,15 @@ bool MyDocument::windowShouldZoom() {
 // Also when it had a place before: a window manager may have moved it since it was hidden, answering what was asked
 // when it was still there.
 void MyDocument::placeMiniWindow() {
-    if (miniWindowPlace_.isEmpty()) {
+    const bool isNew = miniWindowPlace_.isEmpty();
+    if (isNew) miniWindowPlace_ = UserDefaults().interfaceValueForKey(placeKey).toRect();
+    if (isNew || QGuiApplication::screenAt(miniWindowPlace_.center()) == nullptr) {
         const int titleBarHeight = miniWindow()->style()->pixelMetric(QStyle::PM_TitleBarHeight);
-        miniWindowPlace_ = movedOntoScreen(UserDefaults().interfaceValueForKey(placeKey).toRect(), titleBarHeight);
+        miniWindowPlace_ = movedOntoScreen(miniWindowPlace_, titleBarHeight);
     }
     if (miniWindowPlace_.isEmpty()) {
-        const int right = documentWindow()->screen()->availableGeometry().right();
-        miniWindow()->move(right + 1 - miniWindow()->width(), 0);
+        const QRect screen = documentWindow()->screen()->availableGeometry();
+        miniWindow()->move(screen.right() + 1 - miniWindow()->width(), screen.top());
     } else {
         miniWindow()->setGeometry(
             QRect(miniWindowPlace_.topLeft(), QSize(miniWindowPlace_.width(), miniWindow()->height())));

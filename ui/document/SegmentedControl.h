@@ -28,7 +28,7 @@ public:
     void setSelectedSegment(int segment);
 
 signals:
-    /// The user chose another segment.
+    /// The user chose a segment.
     void chosen();
 
 protected:

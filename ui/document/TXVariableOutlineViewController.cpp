@@ -151,7 +151,11 @@ TXVariableOutlineViewController::Item TXVariableOutlineViewController::childOfIt
                                                                                    const Item& item) const {
     const auto row = static_cast<std::size_t>(index);
     if (std::holds_alternative<std::monostate>(item)) return &rootStringArray_[row];
-    if (const auto group = groupOfTitle(item)) return &(*variableArray_)[temporaryVariableArrays_[*group][row]];
+    if (const auto group = groupOfTitle(item)) {
+        const std::int32_t position = temporaryVariableArrays_[*group][row];
+        // While the rows of a cleared session go, views still ask about them.
+        return variableArray_->holds(position) ? Item(&(*variableArray_)[position]) : Item(QString());
+    }
     return QStringLiteral("Child #%1 of item=").arg(index) + descriptionOf(item);
 }
 

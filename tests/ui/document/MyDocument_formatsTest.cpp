@@ -403,7 +403,8 @@ class EachFormat : public testing::TestWithParam<int> {};
 
 TEST_P(EachFormat, isWhatTheFormatterWrites) {
     const OpenFormats open;
-    const double number = 12345.678;
+    const std::pair<QString, double> numbers[] = {
+        {"12345.678", 12345.678}, {"0-2.5", -2.5}, {"7", 7.0}, {"0.000012345", 0.000012345}, {"0-1e300", -1e300}};
     for (int tag = 0; tag < tagCount; ++tag) {
         open.chooseType(TXFormattingType::decimal);
         open.chooseDigits(tag);
@@ -412,8 +413,10 @@ TEST_P(EachFormat, isWhatTheFormatterWrites) {
         settings.setFormattingType(static_cast<std::int8_t>(GetParam()));
         settings.setDigitsWithSettingsControllerIndex(static_cast<unsigned int>(tag));
         TXNumberFormatter formatter(&settings);
-        open.press(u"⌘12345.678⏎");
-        EXPECT_EQ(open.lastAnswer(), "= " + QString::fromStdU16String(formatter.formattedNumberForNumber(number)));
+        for (const auto& [typed, number] : numbers) {
+            open.press(QString(u"⌘" + typed + u"⏎"));
+            EXPECT_EQ(open.lastAnswer(), "= " + QString::fromStdU16String(formatter.formattedNumberForNumber(number)));
+        }
     }
 }
 

@@ -246,6 +246,16 @@ TEST(MiniWindowAnswer, leavesTheEntryInItsPlace) {
     EXPECT_EQ(open.document.miniWindow()->height(), 84);
 }
 
+TEST(MiniWindow, comesBackFromAScreenThatIsGone) {
+    OpenModes open;
+    open.zoom();
+    open.document.miniWindow()->move(90000, 90);
+    open.zoom();
+    open.zoom();
+    const QRect screen = open.document.documentWindow()->screen()->availableGeometry();
+    EXPECT_TRUE(screen.contains(open.document.miniWindow()->geometry()));
+}
+
 TEST(MiniWindow, returnsToTheFullWindowWhenItIsMaximized) {
     OpenModes open;
     open.zoom();

@@ -99,6 +99,23 @@ TEST(SidebarInDocument, isReloadedByAChangeOfACharacterOnly) {
     EXPECT_FALSE(reloads([](MyDocument& document) { document.changeExponentCharacter(-1); }));
 }
 
+TEST(SidebarInDocument, isReloadedByEveryChoiceOfAFormat) {
+    const auto trigger = [](const char* item) {
+        return [item](MyDocument& document) { document.documentWindow()->findChild<QAction*>(item)->trigger(); };
+    };
+    for (const char* item :
+         {"formattingType1", "formattingType7", "thousandsSeparators", "digits0", "digits4", "digits21"}) {
+        EXPECT_TRUE(reloads(trigger(item))) << item;
+    }
+    EXPECT_TRUE(reloads([&](MyDocument& document) {
+        trigger("digits13")(document);
+        document.documentEquationController().addOneStringBlindly(u"y=1");
+        trigger("addZeros")(document);
+        EXPECT_EQ(document.variableOutlineViewController()->temporaryVariableArrays()[2].size(), 2U);
+    }));
+    EXPECT_FALSE(reloads(trigger("degrees")));
+}
+
 TEST(SidebarInDocument, isHiddenAndComesBackAsItWas) {
     OpenDocument open;
     dragDivider(open.document.mySplitView(), {60, 0});

@@ -244,6 +244,15 @@ TEST(HistoryMenuInsert, insertsTheNameOfTheVariableThatHoldsTheAnswer) {
     EXPECT_TRUE(open.OpenDocument::history().endsWith("= 3.33333333333333\n"));
 }
 
+TEST(HistoryMenuInsert, cannotWhereTheNameMeansAnotherVariable) {
+    const HistoryMenu open;
+    open.press(u"ans2=3⏎5⏎7⏎");  // a second ans2, which no name reaches
+    open.openOverLine(6);
+    EXPECT_EQ(open.enabled(), "EAUS");
+    open.openOverLine(0);
+    EXPECT_EQ(open.enabled(), "EAUIS");
+}
+
 TEST(HistoryMenuInsert, cannotWhereTheVariableHasAnotherValueByNow) {
     const HistoryMenu open;
     open.press(u"x=4⏎x=5⏎");

@@ -90,6 +90,21 @@ TEST(SidebarGroups, beginAnewWhenTheSessionDoes) {
     EXPECT_EQ(sidebar.rows().mid(2, 3), QStringList({"Auto-Defined Variables", " ans=10", " ans1=10"}));
 }
 
+TEST(SidebarGroups, beginAnewWhileOneOfTheirVariablesIsSelected) {
+    Sidebar sidebar;
+    sidebar.press(u"x=4⏎y=5⏎");
+    for (const char* selected : {"y=", "x=", "pi="}) {
+        sidebar.click(selected);
+        ASSERT_TRUE(sidebar.selectedRow().startsWith(selected));
+        sidebar.document.documentEquationController().clearAll();
+        sidebar.document.reloadSidebar();
+        EXPECT_EQ(sidebar.rows(),
+                  QStringList({"Constants", " pi=3.14159265358979", "Auto-Defined Variables", "Defined Variables"}));
+        EXPECT_EQ(sidebar.view()->selectedVariable(), nullptr);
+        sidebar.press(u"x=4⏎y=5⏎");
+    }
+}
+
 TEST(SidebarGroups, equalAFullWalkAfterEveryLine) {
     std::mt19937 random(20240611);  // NOLINT(cert-msc51-cpp): the same session every time
     TXVariableOutlineViewController controller;
