@@ -27,8 +27,7 @@ struct State {
         : answerNumber(controller.currentAnswerCacheNumber()),
           lastAssigned(controller.lastVariableAssignedIndex()),
           timesCleared(controller.variableArray().timesCleared()),
-          lastResult(controller.lastResult()),
-          isParsedNegative(controller.equationHasher().parseNegativeNumber()) {
+          lastResult(controller.lastResult()) {
         for (const TXVariable& variable : controller.variableArray()) {
             variables.emplace_back(&variable, utf8(variable.variableName()), variable.isDefined(), variable.number(),
                                    variable.definedInEquationIndex());
@@ -43,7 +42,6 @@ struct State {
     std::int32_t lastAssigned;
     std::uint32_t timesCleared;
     const TXResult* lastResult;
-    bool isParsedNegative;
     std::vector<std::tuple<const TXVariable*, std::string, bool, double, std::int32_t>> variables;
     std::vector<std::pair<const TXEquation*, std::string>> equations;
 };
@@ -97,10 +95,12 @@ TEST(LinePreview, leavesTheSessionAsItWas) {
 
 TEST(LinePreview, leavesTheParserWithTheLineEnteredLast) {
     TXEquationController controller;
-    controller.addOneStringBlindly(u"---5");
-    ASSERT_TRUE(controller.equationHasher().parseNegativeNumber());
-    controller.previewOneString(u"2*3");
-    EXPECT_TRUE(controller.equationHasher().parseNegativeNumber());
+    controller.addOneStringBlindly(u"12");
+    // The parser judges a name where it stands in the line: here at the digit 2.
+    constexpr std::int32_t startsWithDigit = 1;
+    ASSERT_EQ(controller.equationHasher().validationCodeForVariableName(u"xy"), startsWithDigit);
+    controller.previewOneString(u"(x)");
+    EXPECT_EQ(controller.equationHasher().validationCodeForVariableName(u"xy"), startsWithDigit);
 }
 
 TEST(LinePreview, namesOnlyItsOwnLinesUnknownVariables) {

@@ -414,7 +414,7 @@ TEST_P(EachFormat, isWhatTheFormatterWrites) {
         settings.setDigitsWithSettingsControllerIndex(static_cast<unsigned int>(tag));
         TXNumberFormatter formatter(&settings);
         for (const auto& [typed, number] : numbers) {
-            open.press(QString(u"⌘" + typed + u"⏎"));
+            open.press(QString::fromUtf8("⌘") + typed + QString::fromUtf8("⏎"));
             EXPECT_EQ(open.lastAnswer(), "= " + QString::fromStdU16String(formatter.formattedNumberForNumber(number)));
         }
     }
