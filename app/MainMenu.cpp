@@ -104,7 +104,22 @@ void MainMenu::connectEditMenu() {
     ui_->pasteAction->setShortcuts({QKeySequence("Ctrl+V"), QKeySequence("Shift+Ins")});
     new EditCommands({window_, document_.miniWindow()}, {ui_->undoAction, ui_->redoAction, ui_->cutAction,
                                                          ui_->copyAction, ui_->pasteAction, ui_->selectAllAction});
+    connectLastAnswer();
+    connect(ui_->insertPlusMinusAction, &QAction::triggered, &document_, &MyDocument::insertPlusMinus);
     connect(ui_->preferencesAction, &QAction::triggered, &preferences_, &AppPreferencesController::ShowPreferencePanel);
+}
+
+void MainMenu::connectLastAnswer() {
+    QAction* const copy = ui_->copyLastAnswerAction;
+    QAction* const copyBare = ui_->copyLastAnswerWithoutSeparatorsAction;
+    connect(copy, &QAction::triggered, &document_, &MyDocument::copyLastAnswer);
+    connect(copyBare, &QAction::triggered, &document_, &MyDocument::copyLastAnswerWithoutSeparators);
+    const auto refresh = [this, copy, copyBare] {
+        copy->setEnabled(document_.hasLastAnswer());
+        copyBare->setEnabled(copy->isEnabled() && document_.documentNumberFormatterSettings().thousandsSeparators());
+    };
+    connect(&document_, &MyDocument::sessionChanged, this, refresh);
+    refresh();
 }
 
 // The entries of the buttons below the entry line, so that both always say the same.

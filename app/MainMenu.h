@@ -28,6 +28,7 @@ private:
 
     void connectFileMenu();
     void connectEditMenu();
+    void connectLastAnswer();
     void fillFormatMenu();
     void connectViewMenu();
     void connectMiniMode();

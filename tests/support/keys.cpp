@@ -25,6 +25,8 @@ const Key* keyFor(QChar symbol) {
         {u'←', {Qt::Key_Left}},
         {u'→', {Qt::Key_Right}},
         {u'↖', {Qt::Key_Home}},
+        {u'⇞', {Qt::Key_PageUp}},
+        {u'⇟', {Qt::Key_PageDown}},
         {u'⇧', {Qt::Key_Shift}},
         {u'⌥', {Qt::Key_Alt}},
         {u'⌃', {Qt::Key_Control}},

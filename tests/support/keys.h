@@ -8,5 +8,5 @@
 ///     ⏎ Return          ⇧⏎ Shift+Return       ⌤ the keypad's Enter     ⌫ Backspace      ⇥ Tab
 ///     ⇑ Alt+Up          ⇓ Alt+Down             ↑ ↓ ← → the arrows      ↖ Home           ⎋ Esc
 ///     ⇧ Shift alone     ⌥ Alt alone            ⌃ Control alone         ⇪ Caps Lock      ⇭ Num Lock
-///     ⌘ Ctrl+A
+///     ⌘ Ctrl+A              ⇞ ⇟ Page Up, Page Down
 void pressKeys(QWidget* widget, QStringView keys);

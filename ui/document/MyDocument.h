@@ -19,6 +19,7 @@ class MiniModeAnswerField;
 class PullDownButton;
 class QAction;
 class QActionGroup;
+class QKeyEvent;
 class QMenu;
 class QSplitter;
 class SegmentedControl;
@@ -75,6 +76,21 @@ public:
     void optionArrowMoveToPreviousFormula();
     /// Brings the formula after the present one back, or beeps; right after a calculation it empties the line.
     void optionArrowMoveToNextFormula();
+
+    // MyDocument_editing.cpp: commands of the Edit menu, and keys that are meant for the entry or the history.
+    /// Copies the number of the last answer that there was, as the present format writes it. A line that was refused
+    /// leaves it as it was. Nothing happens before the first answer.
+    void copyLastAnswer() const;
+    /// The same, but without a character between groups of digits.
+    void copyLastAnswerWithoutSeparators() const;
+    bool hasLastAnswer() const;
+    /// Types "±" into the active entry, which then has the focus.
+    void insertPlusMinus() const;
+    /// Gives a key that was pressed elsewhere in the window to the active entry, with the focus, if it types something.
+    /// Or else gives false.
+    bool typeIntoEntry(QKeyEvent* event) const;
+    /// Scrolls the history by a page, up when `pages` is negative.
+    void scrollHistory(int pages) const;
 
     /// Documents cannot be saved or opened: these two beep and say so.
     void saveDocument();
@@ -200,6 +216,8 @@ signals:
     /// The other of the two windows is the one in use now.
     void miniModeChanged(bool isMini);
     void keepsMiniWindowOnTopChanged(bool isOnTop);
+    /// A line was entered, or answers are written in another way.
+    void sessionChanged();
     /// The window manager made a window large that should give way to the other one.
     void zoomRequested();
 
@@ -215,6 +233,7 @@ private:
     void fixHeightOfMiniWindow();
     void takeUserDefaults();
     QString variableNameOf(const TXResult& result) const;
+    void copyAnswer(const TXNumberFormatterSettings& settings) const;
     Answer answerOf(const TXResult& result);
     void appendToHistory(const Answer& answer);
     void showInMiniWindow(const Answer& answer) const;

@@ -57,6 +57,7 @@ void MyDocument::equationEntered() {
     reloadSidebar();
     documentFormulaScrollerController_.addCalculatedString(entry->text());
     entry->selectWholeText();
+    emit sessionChanged();
 }
 
 MyDocument::Answer MyDocument::answerOf(const TXResult& result) {

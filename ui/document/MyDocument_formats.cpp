@@ -235,6 +235,7 @@ void MyDocument::refreshAngleUnit() {
 void MyDocument::answerFormatChanged() {
     reloadSidebar();
     refreshMiniModeFormatLabel();
+    emit sessionChanged();
 }
 
 PullDownButton* MyDocument::formattingTypeButton() const { return ui_->formattingTypeButton; }

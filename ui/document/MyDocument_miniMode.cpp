@@ -146,6 +146,10 @@ void MyDocument::refreshMiniModeFormatLabel() {
 }
 
 void MyDocument::addMiniModeCommands(QMenu* menu) {
+    QAction* copyAnswer = menu->addAction(tr("Copy &Last Answer"), this, &MyDocument::copyLastAnswer);
+    copyAnswer->setShortcut(QKeySequence(QStringLiteral("Ctrl+Shift+C")));
+    copyAnswer->setEnabled(hasLastAnswer());
+    menu->addSeparator();
     menu->addActions(angleUnitActions_);
     menu->addSeparator();
     QAction* keepOnTop = menu->addAction(tr("&Keep on Top"), this, &MyDocument::setKeepsMiniWindowOnTop);

@@ -35,10 +35,14 @@ public:
     /// Takes typed text in at the selection, wherever it came from: keys, dead keys or an input method. A text that
     /// starts with a line feed is Return: it calculates and is not inserted.
     void insertText(const QString& text);
+    /// Does what typing `text` does, by whatever way other than a key it is chosen.
+    void typeText(const QString& text);
     /// Inserts `text` at the caret, without replacing what is selected: no line is ever lost by it. One step undoes it.
     void insertAtCaret(const QString& text);
     /// What a key does. Modifier keys alone, dead keys and commands of the menu are no such keys.
     void keyDown(QKeyEvent* event);
+    /// Whether the key types something into the line.
+    static bool isTyping(const QKeyEvent& event);
     /// The user moved the caret or changed the selection: an operator now stands for itself.
     void textViewDidChangeSelection();
 
@@ -74,8 +78,8 @@ protected:
 
 private:
     void clearFlags();
-    void typeText(const QString& text);
     void interpretKey(QKeyEvent* event);
+    void emptyLine(QKeyEvent* event);
     void insertThroughEditor(const QString& text);
     void showComposition(QInputMethodEvent* event);
     int lineHeight() const;

@@ -73,6 +73,10 @@ bool hasCommandModifiers(const QKeyEvent& event) {
 
 bool isReturn(const QKeyEvent& event) { return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter; }
 
+bool isPlainKey(const QKeyEvent& event, Qt::Key key) {
+    return event.key() == key && (event.modifiers() & ~Qt::KeyboardModifiers(Qt::KeypadModifier)) == Qt::NoModifier;
+}
+
 /// Some layouts make the keypad's decimal key an ordinary comma: only its place tells it then.
 bool isInPlaceOfKeypadDecimal(const QKeyEvent& event) {
 #if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
@@ -118,6 +122,11 @@ void TXFormulaEnteringTextView::keyDown(QKeyEvent* event) {
     if (!wasFormulaJustCalculated_) permissibleToEnterTextFlag_ = false;
 }
 
+bool TXFormulaEnteringTextView::isTyping(const QKeyEvent& event) {
+    if (hasCommandModifiers(event) || isReturn(event) || isPartOfCharacter(event.key())) return false;
+    return isKeypadDecimal(event) || hasPrintableText(event);
+}
+
 void TXFormulaEnteringTextView::interpretKey(QKeyEvent* event) {
     if (hasCommandModifiers(*event) && (isReturn(*event) || hasPrintableText(*event))) {
         event->ignore();
@@ -127,8 +136,22 @@ void TXFormulaEnteringTextView::interpretKey(QKeyEvent* event) {
         insertText(".");
     } else if (hasPrintableText(*event)) {
         insertText(event->text());
+    } else if (isPlainKey(*event, Qt::Key_Escape)) {
+        emptyLine(event);
+    } else if (parentDocument_ != nullptr && isPlainKey(*event, Qt::Key_PageUp)) {
+        parentDocument_->scrollHistory(-1);
+    } else if (parentDocument_ != nullptr && isPlainKey(*event, Qt::Key_PageDown)) {
+        parentDocument_->scrollHistory(1);
     } else {
         QPlainTextEdit::keyPressEvent(event);
+    }
+}
+
+void TXFormulaEnteringTextView::emptyLine(QKeyEvent* event) {
+    if (text().isEmpty()) {
+        event->ignore();
+    } else {
+        setText(QString());
     }
 }
 

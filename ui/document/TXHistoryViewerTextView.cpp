@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "ui/document/MyDocument.h"
 #include "ui_HistoryMenu.h"
 
 namespace {
@@ -113,6 +114,11 @@ void TXHistoryViewerTextView::resizeEvent(QResizeEvent* event) {
     const bool wasScrolledToEnd = isScrolledToEnd();
     QTextEdit::resizeEvent(event);
     if (wasScrolledToEnd) verticalScrollBar()->setValue(verticalScrollBar()->maximum());
+}
+
+// The history itself takes no text: who types means the entry line.
+void TXHistoryViewerTextView::keyPressEvent(QKeyEvent* event) {
+    if (parentDocument_ == nullptr || !parentDocument_->typeIntoEntry(event)) QTextEdit::keyPressEvent(event);
 }
 
 // What is copied does not end with a blank line, though every line of the history ends with a line break.

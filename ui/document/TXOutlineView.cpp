@@ -194,8 +194,9 @@ void TXOutlineView::startDrag(Qt::DropActions supportedActions) {
     drag->exec(supportedActions, Qt::CopyAction);
 }
 
-// Not the tree's own keys, which would take + - and * for folding.
+// What types something is meant for the entry line: the tree would take + - and * for folding, and look for the rest.
 void TXOutlineView::keyPressEvent(QKeyEvent* event) {
+    if (parentDocument_ != nullptr && parentDocument_->typeIntoEntry(event)) return;
     if (event->matches(QKeySequence::Copy)) {
         copy();
     } else if (isReturn(*event)) {

@@ -1,6 +1,7 @@
 // From the full window to the mini window and back, and what the mini window shows and offers.
 
 #include <QAccessible>
+#include <QClipboard>
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
@@ -345,7 +346,8 @@ TEST(MiniWindowMenu, offersUnitPlaceAndFullWindow) {
     QMenu* menu = open.openMenu();
     QStringList texts;
     for (const QAction* entry : menu->actions()) texts.append(entry->isSeparator() ? "-" : entry->text());
-    EXPECT_EQ(texts, QStringList({"Rad&ians", "&Degrees", "-", "&Keep on Top", "&Full Window"}));
+    EXPECT_EQ(texts,
+              QStringList({"Copy &Last Answer", "-", "Rad&ians", "&Degrees", "-", "&Keep on Top", "&Full Window"}));
     EXPECT_TRUE(entryNamed(menu, "Radians")->isChecked());
     QTest::keyClick(menu, Qt::Key_D);
     EXPECT_EQ(open.label()->text(), "deg");
@@ -356,6 +358,21 @@ TEST(MiniWindowMenu, offersUnitPlaceAndFullWindow) {
     EXPECT_TRUE(entryNamed(open.openMenu(), "Keep on Top")->isChecked());
     QTest::keyClick(open.openMenu(), Qt::Key_F);
     EXPECT_FALSE(open.document.isSmallWindowShown());
+}
+
+TEST(MiniWindowMenu, copiesTheLastAnswerOnceThereIsOne) {
+    OpenModes open;
+    open.zoom();
+    QWidget* const field = open.document.miniModeAnswerField();
+    QContextMenuEvent rightClick(QContextMenuEvent::Mouse, field->rect().center(),
+                                 field->mapToGlobal(field->rect().center()));
+    QApplication::sendEvent(field, &rightClick);
+    EXPECT_FALSE(entryNamed(open.openMenu(), "Copy Last Answer")->isEnabled());
+    QTest::keyClick(open.openMenu(), Qt::Key_Escape);
+    open.press(u"2+3⏎");
+    QApplication::sendEvent(field, &rightClick);
+    QTest::keyClick(open.openMenu(), Qt::Key_L);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "5");
 }
 
 TEST(MiniWindowMenu, comesAfterTheCommandsForTextInTheEntry) {
@@ -369,7 +386,7 @@ TEST(MiniWindowMenu, comesAfterTheCommandsForTextInTheEntry) {
     for (const QAction* entry : menu->actions()) {
         if (!entry->isSeparator()) mnemonics.append(QKeySequence::mnemonic(entry->text()).toString());
     }
-    EXPECT_EQ(mnemonics.size(), 10);
+    EXPECT_EQ(mnemonics.size(), 11);
     EXPECT_EQ(mnemonics.removeDuplicates(), 0);
     QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier, menu->actionGeometry(entryNamed(menu, "Degrees")).center());
     EXPECT_FALSE(open.document.documentEquationController().useRadians());

@@ -5,6 +5,7 @@
 #include <QInputMethodEvent>
 #include <QMenu>
 #include <QMimeData>
+#include <QScrollBar>
 
 #include "tests/support/DocumentTest.h"
 
@@ -163,6 +164,7 @@ INSTANTIATE_TEST_SUITE_P(Keys, EntryFlags, testing::Values(
     FlagCase{"Operator",      u"2⏎+",      false, false},
     FlagCase{"Arrow",         u"2⏎→",      false, false},
     FlagCase{"Escape",        u"2⏎⎋",      false, false},
+    FlagCase{"PageUp",        u"2⏎⇞",      false, false},
     FlagCase{"AltUp",         u"2⏎⇑",      false, false},
     FlagCase{"AltDown",       u"2⏎⇓",      false, true},
     FlagCase{"Shift",         u"2⏎⇧",      true,  true},
@@ -254,6 +256,44 @@ TEST(EntryKey, keypadDecimalIsKnownByItsPlaceToo) {
     EXPECT_EQ(lineAfter(keypadDecimal, Qt::Key(0x66B), u"\u066B"_qs), "1.5");
     EXPECT_EQ(lineAfter(comma, Qt::Key_Comma, ","), "1,5");
     EXPECT_EQ(lineAfter(keypadDecimal, Qt::Key_Delete, QString()), "15");  // without Num Lock
+}
+
+TEST(EntryKey, escapeEmptiesTheLineInOneStepThatCanBeUndone) {
+    const OpenDocument open;
+    open.press(u"12+34⎋");
+    EXPECT_EQ(open.line(), "");
+    open.entry()->undo();
+    EXPECT_EQ(open.line(), "12+34");
+    open.press(u"⎋5");
+    EXPECT_EQ(open.line(), "5");
+    open.entry()->undo();
+    open.entry()->undo();
+    EXPECT_EQ(open.line(), "12+34");
+}
+
+TEST(EntryKey, escapeTakesBackARecalledLine) {
+    OpenDocument open;
+    open.press(u"1⏎2⏎⇑⎋⇓");
+    EXPECT_EQ(open.line(), "2");
+    EXPECT_EQ(open.beeps.count(), 0);
+}
+
+TEST(EntryKey, escapeInAnEmptyLineLeavesNothingToUndo) {
+    const OpenDocument open;
+    open.press(u"⎋");
+    EXPECT_FALSE(open.entry()->document()->isUndoAvailable());
+}
+
+TEST(EntryKey, pageUpAndDownScrollTheHistory) {
+    const OpenDocument open;
+    for (int i = 0; i < 40; ++i) open.press(u"2⏎");
+    const QScrollBar* bar = open.document.mainField()->verticalScrollBar();
+    open.press(u"3+4⇞");
+    EXPECT_EQ(bar->value(), bar->maximum() - bar->pageStep());
+    EXPECT_EQ(open.entry()->textCursor().position(), 3);
+    open.press(u"⇟");
+    EXPECT_EQ(bar->value(), bar->maximum());
+    EXPECT_TRUE(open.entry()->hasFocus());
 }
 
 TEST(EntryKey, commaOfTheMainKeysStaysAComma) {

@@ -1,0 +1,48 @@
+// The commands of the Edit menu that need the session, and keys that are meant for the entry line or the history.
+
+#include "ui/document/MyDocument.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QScrollBar>
+
+#include "ui/document/TXFormulaEnteringMiniModeTextField.h"
+#include "ui/document/TXHistoryViewerTextView.h"
+
+bool MyDocument::hasLastAnswer() const {
+    return documentEquationController_.variableArray()[answerPosition].isDefined();
+}
+
+void MyDocument::copyLastAnswer() const { copyAnswer(documentNumberFormatterSettings_); }
+
+void MyDocument::copyLastAnswerWithoutSeparators() const {
+    TXNumberFormatterSettings settings = documentNumberFormatterSettings_;
+    settings.setThousandsSeparators(false);
+    copyAnswer(settings);
+}
+
+// The variable "ans" has it, whatever became of the lines after it.
+void MyDocument::copyAnswer(const TXNumberFormatterSettings& settings) const {
+    if (!hasLastAnswer()) return;
+    const double number = documentEquationController_.variableArray()[answerPosition].number();
+    const std::u16string text = TXNumberFormatter(&settings).formattedNumberForNumber(number);
+    QGuiApplication::clipboard()->setText(QString::fromStdU16String(text));
+}
+
+void MyDocument::insertPlusMinus() const {
+    activeFormulaTextView()->typeText(QStringLiteral("±"));
+    activeFormulaTextView()->setFocus();
+}
+
+bool MyDocument::typeIntoEntry(QKeyEvent* event) const {
+    if (!TXFormulaEnteringTextView::isTyping(*event)) return false;
+    activeFormulaTextView()->setFocus();
+    activeFormulaTextView()->keyDown(event);
+    return true;
+}
+
+void MyDocument::scrollHistory(int pages) const {
+    mainField()->verticalScrollBar()->triggerAction(pages < 0 ? QScrollBar::SliderPageStepSub
+                                                              : QScrollBar::SliderPageStepAdd);
+}
