@@ -13,6 +13,7 @@
 #include "app/messages.h"
 #include "ui/document/MyDocument.h"
 #include "ui/document/PullDownButton.h"
+#include "ui/document/TXHistoryViewerTextView.h"
 #include "ui/document/TXWindow.h"
 #include "ui_MainMenu.h"
 
@@ -90,6 +91,12 @@ void MainMenu::connectFileMenu() {
     connect(ui_->saveDocumentAction, &QAction::triggered, &document_, &MyDocument::saveDocument);
     connect(ui_->saveDocumentAsAction, &QAction::triggered, &document_, &MyDocument::saveDocument);
     connect(ui_->printDocumentAction, &QAction::triggered, &document_, &MyDocument::printDocument);
+    const auto refresh = [this] {
+        ui_->clearEverythingAction->setEnabled(!document_.documentEquationController().equationsArray().empty());
+    };
+    connect(ui_->clearEverythingAction, &QAction::triggered, &document_, &MyDocument::askToClearEverything);
+    connect(&document_, &MyDocument::sessionChanged, this, refresh);
+    refresh();
     connect(ui_->quitAction, &QAction::triggered, &documents_, &DocumentController::closeAll);
 #ifdef Q_OS_MACOS
     // There the program outlives its last document, and this is the command that ends it.
@@ -102,9 +109,10 @@ void MainMenu::connectEditMenu() {
     ui_->cutAction->setShortcuts({QKeySequence("Ctrl+X"), QKeySequence("Shift+Del")});
     ui_->copyAction->setShortcuts({QKeySequence("Ctrl+C"), QKeySequence("Ctrl+Ins")});
     ui_->pasteAction->setShortcuts({QKeySequence("Ctrl+V"), QKeySequence("Shift+Ins")});
-    new EditCommands({window_, document_.miniWindow()}, {ui_->undoAction, ui_->redoAction, ui_->cutAction,
-                                                         ui_->copyAction, ui_->pasteAction, ui_->selectAllAction});
+    new EditCommands(document_, {ui_->undoAction, ui_->redoAction, ui_->cutAction, ui_->copyAction, ui_->pasteAction,
+                                 ui_->selectAllAction});
     connectLastAnswer();
+    connectHistory();
     connect(ui_->insertPlusMinusAction, &QAction::triggered, &document_, &MyDocument::insertPlusMinus);
     connect(ui_->preferencesAction, &QAction::triggered, &preferences_, &AppPreferencesController::ShowPreferencePanel);
 }
@@ -119,6 +127,22 @@ void MainMenu::connectLastAnswer() {
         copyBare->setEnabled(copy->isEnabled() && document_.documentNumberFormatterSettings().thousandsSeparators());
     };
     connect(&document_, &MyDocument::sessionChanged, this, refresh);
+    refresh();
+}
+
+void MainMenu::connectHistory() {
+    const QList<QAction*> actions = {ui_->findInHistoryAction, ui_->findNextAction, ui_->findPreviousAction,
+                                     ui_->clearHistoryAction};
+    connect(ui_->findInHistoryAction, &QAction::triggered, &document_, &MyDocument::findInHistory);
+    connect(ui_->findNextAction, &QAction::triggered, &document_, &MyDocument::findNextInHistory);
+    connect(ui_->findPreviousAction, &QAction::triggered, &document_, &MyDocument::findPreviousInHistory);
+    connect(ui_->clearHistoryAction, &QAction::triggered, &document_, &MyDocument::clearHistory);
+    window_->addActions({ui_->findNextAction, ui_->findPreviousAction});  // They are in no menu.
+    const auto refresh = [this, actions] {
+        const bool hasText = !document_.mainField()->document()->isEmpty();
+        for (QAction* action : actions) action->setEnabled(hasText);
+    };
+    connect(document_.mainField(), &QTextEdit::textChanged, this, refresh);
     refresh();
 }
 
@@ -149,8 +173,27 @@ void MainMenu::connectMiniMode() {
 void MainMenu::connectViewMenu() {
     ui_->sidebarAction->setChecked(document_.isSidebarShown());
     connect(ui_->sidebarAction, &QAction::triggered, &document_, &MyDocument::setSidebarShown);
+    connectTextSize();
     connect(ui_->fullScreenAction, &QAction::triggered, this, &MainMenu::setFullScreen);
     window_->installEventFilter(this);
+}
+
+void MainMenu::connectTextSize() {
+    // The second key is the first one without Shift on most keyboards.
+    ui_->largerTextAction->setShortcuts({QKeySequence("Ctrl++"), QKeySequence("Ctrl+=")});
+    connect(ui_->largerTextAction, &QAction::triggered, this,
+            [this] { document_.setTextSize(document_.textSize() + MyDocument::textSizeStep); });
+    connect(ui_->smallerTextAction, &QAction::triggered, this,
+            [this] { document_.setTextSize(document_.textSize() - MyDocument::textSizeStep); });
+    connect(ui_->normalTextAction, &QAction::triggered, this,
+            [this] { document_.setTextSize(MyDocument::normalTextSize); });
+    const auto refresh = [this](int percent) {
+        ui_->largerTextAction->setEnabled(percent < MyDocument::largestTextSize);
+        ui_->smallerTextAction->setEnabled(percent > MyDocument::smallestTextSize);
+        ui_->normalTextAction->setEnabled(percent != MyDocument::normalTextSize);
+    };
+    connect(&document_, &MyDocument::textSizeChanged, this, refresh);
+    refresh(document_.textSize());
 }
 
 void MainMenu::connectWindowMenu() {

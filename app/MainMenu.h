@@ -29,6 +29,8 @@ private:
     void connectFileMenu();
     void connectEditMenu();
     void connectLastAnswer();
+    void connectHistory();
+    void connectTextSize();
     void fillFormatMenu();
     void connectViewMenu();
     void connectMiniMode();

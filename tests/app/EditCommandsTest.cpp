@@ -116,6 +116,23 @@ TEST_F(EditMenu, belongsToItsOwnWindow) {
     EXPECT_FALSE(other.formulaTextView()->textCursor().hasSelection());
 }
 
+TEST_F(EditMenu, worksInTheFieldForWhatIsToBeFound) {
+    QTest::keyClicks(entry, "2");
+    QTest::keyClick(entry, Qt::Key_Return);
+    document.findInHistory();
+    EXPECT_EQ(enabled(), QStringList({"paste"}));
+    QWidget* const field = QApplication::focusWidget();
+    QTest::keyClicks(field, "12");
+    EXPECT_EQ(enabled(), QStringList({"undo", "paste", "selectAll"}));
+    trigger(document, "selectAllAction");
+    EXPECT_EQ(enabled(), QStringList({"undo", "cut", "copy", "paste", "selectAll"}));
+    trigger(document, "cutAction");
+    EXPECT_EQ(clipboard(), "12");
+    trigger(document, "undoAction");
+    EXPECT_TRUE(enabled().contains("redo"));
+    EXPECT_EQ(entry->text(), "2");
+}
+
 TEST_F(EditMenu, hasNothingForAWidgetWithoutText) {
     QTest::keyClicks(entry, "12");
     auto* const widget = new QWidget(document.documentWindow());

@@ -42,16 +42,18 @@ QStringList entriesOf(const QMenu& menu) {
 TEST_F(MainMenuTest, hasTheseEntriesWithTheseKeys) {
     const QList<QMenu*> menus = menusOf(openDocument());
     ASSERT_EQ(menus.size(), 6);
-    EXPECT_EQ(entriesOf(*menus[0]), QStringList({"New | Ctrl+N", "Open… | Ctrl+O", "Close | Ctrl+W", "Save | Ctrl+S",
-                                                 "Save As… | Ctrl+Shift+S", "Print… | Ctrl+P", "Quit | Ctrl+Q"}));
-    EXPECT_EQ(entriesOf(*menus[1]),
-              QStringList({"Undo | Ctrl+Z", "Redo | Ctrl+Shift+Z", "Cut | Ctrl+X | Shift+Del",
-                           "Copy | Ctrl+C | Ctrl+Ins", "Copy Last Answer | Ctrl+Shift+C",
-                           "Copy Last Answer Without Separators", "Paste | Ctrl+V | Shift+Ins", "Select All | Ctrl+A",
-                           "Insert ± | Alt+Shift+=", "Preferences… | Ctrl+,"}));
+    EXPECT_EQ(entriesOf(*menus[0]),
+              QStringList({"New | Ctrl+N", "Open… | Ctrl+O", "Close | Ctrl+W", "Save | Ctrl+S",
+                           "Save As… | Ctrl+Shift+S", "Print… | Ctrl+P", "Clear Everything…", "Quit | Ctrl+Q"}));
+    EXPECT_EQ(entriesOf(*menus[1]), QStringList({"Undo | Ctrl+Z", "Redo | Ctrl+Shift+Z", "Cut | Ctrl+X | Shift+Del",
+                                                 "Copy | Ctrl+C | Ctrl+Ins", "Copy Last Answer | Ctrl+Shift+C",
+                                                 "Copy Last Answer Without Separators", "Paste | Ctrl+V | Shift+Ins",
+                                                 "Select All | Ctrl+A", "Find in History… | Ctrl+F",
+                                                 "Insert ± | Alt+Shift+=", "Clear History", "Preferences… | Ctrl+,"}));
     EXPECT_EQ(entriesOf(*menus[2]), QStringList({"Number Format", "Digits", "Thousands Separators", "Angle Unit"}));
     EXPECT_EQ(entriesOf(*menus[3]), QStringList({"Mini Mode | Ctrl+Shift+M", "Keep Mini Window on Top", "Sidebar | F9",
-                                                 "Full Screen | F11"}));
+                                                 "Larger Text | Ctrl++ | Ctrl+=", "Smaller Text | Ctrl+-",
+                                                 "Normal Text | Ctrl+0", "Full Screen | F11"}));
     EXPECT_EQ(entriesOf(*menus[4]), QStringList({"Minimize", "Inspector"}));
     EXPECT_EQ(entriesOf(*menus[5]), QStringList({"User Guide | F1", "Greek Letters | Ctrl+Shift+G", "Release Notes",
                                                  "Screencasts", "Send Feedback", "Report a Bug", "About Tallix"}));

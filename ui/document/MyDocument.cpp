@@ -1,6 +1,6 @@
 #include "ui/document/MyDocument.h"
 
-#include <QEvent>
+#include <QWheelEvent>
 #include <algorithm>
 
 #include "ui/UserDefaults.h"
@@ -8,6 +8,7 @@
 #include "ui/document/TXFormulaEnteringMiniModeTextField.h"
 #include "ui/document/TXFormulaEnteringTextView.h"
 #include "ui/document/TXHistoryViewerTextView.h"
+#include "ui/document/TXOutlineView.h"
 #include "ui/document/TXVariableOutlineViewController.h"
 #include "ui/document/TXWindow.h"
 #include "ui_MiniWindow.h"
@@ -17,7 +18,6 @@ TXVariableArray* globalVariableArray = nullptr;  // NOLINT(cppcoreguidelines-avo
 
 namespace {
 
-constexpr double entryPointSize = 15.0;
 constexpr double miniEntryPointSize = 13.0;
 constexpr QColor miniBackground(0x2A, 0x2B, 0x2F);
 constexpr float shadowOpacity = 0.6F;
@@ -63,17 +63,17 @@ void MyDocument::loadWindows() {
     ui_->setupUi(documentWindow_.get());
     miniWindow_ = std::make_unique<QWidget>();
     miniUi_->setupUi(miniWindow_.get());
-    ui_->secondarySplitView->setSizes({documentWindow_->height(), qRound(secondaryCurrentWidth_)});
+    takeTextSize();
 
-    mainField()->setFont(documentFont_);
     mainField()->awakeFromNib();
     mainField()->setParentDocument(this);
-    formulaTextView()->setFont(sized(documentFont_, entryPointSize));
     ui_->secondaryControlledView->setBackgroundRole(QPalette::Base);  // one sheet with the history
     ui_->bottomBarLine->setBackgroundRole(QPalette::Mid);
     prepareFormatControls();
     prepareMiniWindow();
     prepareSidebar();
+    prepareFindBar();
+    prepareClearHistory();
     prepareMiniMode();
     for (TXFormulaEnteringTextView* entry :
          std::initializer_list<TXFormulaEnteringTextView*>{formulaTextView(), miniModeformulaTextView()}) {
@@ -109,6 +109,10 @@ void MyDocument::windowControllerDidLoadNib() {
     documentWindow_->setDocumentController(this);
     documentWindow_->installEventFilter(this);
     miniWindow_->installEventFilter(this);
+    for (QAbstractScrollArea* view :
+         std::initializer_list<QAbstractScrollArea*>{mainField(), formulaTextView(), variableOutlineView()}) {
+        view->viewport()->installEventFilter(this);
+    }
     miniModeformulaTextView()->setTypedTextShadow({QColor::fromRgbF(0.0F, 0.0F, 0.0F, shadowOpacity), {0.0, 1.0}});
     miniModeformulaTextView()->setTextColor(Qt::white);
     miniModeAnswerField()->setFrameShadow(QFrame::Sunken);
@@ -150,6 +154,7 @@ bool MyDocument::eventFilter(QObject* watched, QEvent* event) {
     }
     if (isZoomRequest(watched, *event)) emit zoomRequested();
     if (event->type() == QEvent::Resize) followResizing(watched);
+    if (event->type() == QEvent::Wheel && changeTextSizeByWheel(static_cast<const QWheelEvent&>(*event))) return true;
     return QObject::eventFilter(watched, event);
 }
 

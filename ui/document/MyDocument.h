@@ -15,14 +15,18 @@
 #include "format/TXNumberFormatterSettings.h"
 #include "ui/document/TXFormulaScrollerController.h"
 
+class FindBar;
 class MiniModeAnswerField;
 class PullDownButton;
 class QAction;
 class QActionGroup;
 class QKeyEvent;
 class QMenu;
+class QPagedPaintDevice;
 class QSplitter;
+class QWheelEvent;
 class SegmentedControl;
+enum class FindFrom;
 struct StoredAnswer;
 class TXFormulaEnteringMiniModeTextField;
 class TXFormulaEnteringTextView;
@@ -91,6 +95,30 @@ public:
     bool typeIntoEntry(QKeyEvent* event) const;
     /// Scrolls the history by a page, up when `pages` is negative.
     void scrollHistory(int pages) const;
+    /// Empties the shown history. The session with its variables and the scrollback stay.
+    void clearHistory();
+    /// Whether the history that was cleared can come back: as long as no line was changed or entered since.
+    bool canUndoClearHistory() const;
+    void undoClearHistory();
+
+    // MyDocument_find.cpp: finding a text in the history.
+    /// Opens the bar for what is to be found, in the full window.
+    void findInHistory();
+    /// Goes on to the next match below or above, and round at the end. Opens the bar first where it is not open.
+    void findNextInHistory();
+    void findPreviousInHistory();
+    /// Closes the bar. When it goes with the focus, the entry line gets the focus.
+    void closeFindBar();
+
+    // MyDocument_textSize.cpp: the size of the text of history, entry and sidebar, in percent of the normal one.
+    static constexpr int normalTextSize = 100;
+    static constexpr int smallestTextSize = 50;
+    static constexpr int largestTextSize = 300;
+    static constexpr int textSizeStep = 10;
+    int textSize() const { return textSize_; }
+    /// Takes the step that is nearest to what is wished, and remembers it for new documents. The entry's pane grows
+    /// with its line. What is copied or printed keeps its size.
+    void setTextSize(int wished);
 
     /// Documents cannot be saved or opened: these two beep and say so.
     void saveDocument();
@@ -104,6 +132,13 @@ public:
 
     /// Asks how to print the history, in a sheet of the window, and prints it.
     void printDocument() const;
+    /// Prints the history, in its normal size whatever its size in the window.
+    void printHistory(QPagedPaintDevice* printer) const;
+    /// Asks whether to forget everything, in a sheet of the window, and does it.
+    void askToClearEverything();
+    /// Begins anew: forgets the session's variables and equations, the history and the scrollback, and empties the
+    /// line. The formats and the angle unit stay.
+    void clearEverything();
 
     /// Chooses the character between groups of digits: 0 ",", 1 " ", 2 "'". Any other choice does nothing.
     void changeThousandsSeparatorCharacter(std::int32_t choice);
@@ -179,6 +214,7 @@ public:
     /// There is none: nullptr.
     static QWidget* variableSearchField() { return nullptr; }
 
+    FindBar* findBar() const;
     TXOutlineView* variableOutlineView() const;
     TXVariableOutlineViewController* variableOutlineViewController() const {
         return variableOutlineViewController_.get();
@@ -216,8 +252,11 @@ signals:
     /// The other of the two windows is the one in use now.
     void miniModeChanged(bool isMini);
     void keepsMiniWindowOnTopChanged(bool isOnTop);
-    /// A line was entered, or answers are written in another way.
+    /// A line was entered, everything was cleared, or answers are written in another way.
     void sessionChanged();
+    /// The history was cleared, or can no longer come back.
+    void canUndoClearHistoryChanged();
+    void textSizeChanged(int percent);
     /// The window manager made a window large that should give way to the other one.
     void zoomRequested();
 
@@ -228,6 +267,14 @@ private:
     void loadWindows();
     void prepareMiniWindow();
     void prepareSidebar();
+    void prepareFindBar();
+    void prepareClearHistory();
+    void forgetClearedHistory();
+    void goOnFinding(FindFrom from);
+    void showMatch(FindFrom from);
+    void takeTextSize();
+    void showTextSize();
+    bool changeTextSizeByWheel(const QWheelEvent& event);
     void showSidebarForTheFirstTime();
     void followResizing(const QObject* watched);
     void fixHeightOfMiniWindow();
@@ -275,6 +322,9 @@ private:
     bool isSmallWindowShown_ = false;
     bool isBeingResized_ = false;
     std::unique_ptr<TXVariableOutlineViewController> variableOutlineViewController_;
+    int textSize_ = normalTextSize;
+    int wheelMovement_ = 0;    ///< Less than a step of the wheel.
+    QString lineWhenCleared_;  ///< When the history was cleared.
     bool keepsMiniWindowOnTop_ = false;
     QRect miniWindowPlace_;  // without the window manager's frame
     QActionGroup* digitItems_ = nullptr;

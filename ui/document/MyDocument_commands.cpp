@@ -9,7 +9,10 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
+#include <QTextDocument>
+#include <memory>
 
+#include "ui/document/TXFormulaEnteringMiniModeTextField.h"
 #include "ui/document/TXHistoryViewerTextView.h"
 #include "ui/document/TXWindow.h"
 #include "ui/document/beep.h"
@@ -62,6 +65,44 @@ void MyDocument::showSorry(const QString& message) {
 void MyDocument::printDocument() const {
     auto* dialog = new QPrintDialog(&sharedPrinter(), documentWindow());
     dialog->setAttribute(Qt::WA_DeleteOnClose);
-    connect(dialog, qOverload<QPrinter*>(&QPrintDialog::accepted), mainField(), &QTextEdit::print);
+    connect(dialog, qOverload<QPrinter*>(&QPrintDialog::accepted), this, &MyDocument::printHistory);
     dialog->open();
+}
+
+void MyDocument::printHistory(QPagedPaintDevice* printer) const {
+    const std::unique_ptr<QTextDocument> history(mainField()->document()->clone());
+    history->setDefaultFont(documentFont_);
+    history->print(printer);
+}
+
+void MyDocument::askToClearEverything() {
+    auto* question = new QMessageBox(QMessageBox::Warning, QString(), tr("Clear everything in this window?"),
+                                     QMessageBox::Cancel, activeWindow());
+    question->setObjectName("clearEverythingQuestion");
+    question->setAttribute(Qt::WA_DeleteOnClose);
+    question->setInformativeText(
+        tr("The history, all variables and answers, and the equations entered before will be forgotten. This cannot be "
+           "undone."));
+    QPushButton* clear = question->addButton(tr("Clear &Everything"), QMessageBox::AcceptRole);
+    question->setDefaultButton(QMessageBox::Cancel);
+    question->setEscapeButton(QMessageBox::Cancel);
+    for (QAbstractButton* button : question->buttons()) button->setIcon(QIcon());
+    connect(clear, &QPushButton::clicked, this, &MyDocument::clearEverything);
+    question->open();
+}
+
+void MyDocument::clearEverything() {
+    closeFindBar();
+    mainField()->clearShownText();
+    mainField()->forgetClearedText();
+    documentEquationController_.clearAll();
+    documentFormulaScrollerController_.awakeFromNib();
+    TXFormulaEnteringTextView* const entry = activeFormulaTextView();
+    entry->setText(QString());
+    entry->setWasFormulaJustCalculated(false);
+    entry->setPermissibleToEnterTextFlag(false);
+    reloadSidebar();
+    showLastAnswerInMiniWindow();
+    emit canUndoClearHistoryChanged();
+    emit sessionChanged();
 }

@@ -46,3 +46,33 @@ void MyDocument::scrollHistory(int pages) const {
     mainField()->verticalScrollBar()->triggerAction(pages < 0 ? QScrollBar::SliderPageStepSub
                                                               : QScrollBar::SliderPageStepAdd);
 }
+
+void MyDocument::prepareClearHistory() {
+    for (const TXFormulaEnteringTextView* entry :
+         std::initializer_list<const TXFormulaEnteringTextView*>{formulaTextView(), miniModeformulaTextView()}) {
+        connect(entry, &QPlainTextEdit::textChanged, this, [this] {
+            if (activeFormulaTextView()->text() != lineWhenCleared_) forgetClearedHistory();
+        });
+    }
+}
+
+void MyDocument::clearHistory() {
+    if (mainField()->document()->isEmpty()) return;
+    closeFindBar();
+    mainField()->clearShownText();
+    lineWhenCleared_ = activeFormulaTextView()->text();
+    emit canUndoClearHistoryChanged();
+}
+
+bool MyDocument::canUndoClearHistory() const { return mainField()->hasClearedText(); }
+
+void MyDocument::undoClearHistory() {
+    mainField()->bringClearedTextBack();
+    emit canUndoClearHistoryChanged();
+}
+
+void MyDocument::forgetClearedHistory() {
+    if (!canUndoClearHistory()) return;
+    mainField()->forgetClearedText();
+    emit canUndoClearHistoryChanged();
+}

@@ -85,6 +85,7 @@ void MyDocument::appendToHistory(const Answer& answer) {
     const LineAttributes attributes;
     const QString equation = stringOf(documentEquationController_.equationsArray().back().masterString());
     TXHistoryViewerTextView* history = mainField();
+    forgetClearedHistory();
     history->setEditable(true);
     history->moveInsertionPointToEnd();
     if (!history->document()->isEmpty()) history->insertLineBreak();

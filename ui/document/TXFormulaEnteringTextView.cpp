@@ -191,5 +191,7 @@ void TXFormulaEnteringTextView::resizeEvent(QResizeEvent* event) {
 
 void TXFormulaEnteringTextView::changeEvent(QEvent* event) {
     QPlainTextEdit::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) centreLine();
+    if (event->type() != QEvent::FontChange && event->type() != QEvent::StyleChange) return;
+    centreLine();
+    updateGeometry();
 }

@@ -97,6 +97,9 @@ bool isKeypadDecimal(const QKeyEvent& event) {
 void TXFormulaEnteringTextView::keyPressEvent(QKeyEvent* event) {
     if (isModifierOrLock(event->key()) || isPartOfCharacter(event->key()) || isNamelessKey(*event)) {
         event->ignore();
+    } else if (event->matches(QKeySequence::Undo) && parentDocument_ != nullptr &&
+               parentDocument_->canUndoClearHistory()) {
+        parentDocument_->undoClearHistory();
     } else if (isEditCommand(*event)) {
         QPlainTextEdit::keyPressEvent(event);
     } else {

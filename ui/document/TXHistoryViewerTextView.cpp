@@ -116,6 +116,18 @@ void TXHistoryViewerTextView::resizeEvent(QResizeEvent* event) {
     if (wasScrolledToEnd) verticalScrollBar()->setValue(verticalScrollBar()->maximum());
 }
 
+// With another size of the text, what is in sight stays there.
+void TXHistoryViewerTextView::changeEvent(QEvent* event) {
+    const bool wasScrolledToEnd = isScrolledToEnd();
+    const QTextCursor first = cursorForPosition(QPoint(0, 0));
+    QTextEdit::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) showMatch();
+    if (event->type() != QEvent::FontChange) return;
+    document()->size();  // Lays all of it out.
+    QScrollBar* const bar = verticalScrollBar();
+    bar->setValue(wasScrolledToEnd ? bar->maximum() : bar->value() + cursorRect(first).top());
+}
+
 // The history itself takes no text: who types means the entry line.
 void TXHistoryViewerTextView::keyPressEvent(QKeyEvent* event) {
     if (parentDocument_ == nullptr || !parentDocument_->typeIntoEntry(event)) QTextEdit::keyPressEvent(event);

@@ -2,6 +2,7 @@
 
 #include <QTextBlock>
 #include <QTextCharFormat>
+#include <QTextDocument>
 #include <QTextEdit>
 #include <cstdint>
 #include <memory>
@@ -19,6 +20,10 @@ struct StoredAnswer {
     std::int32_t variable = -1;  ///< Its position in the list of variables; -1 for none.
     double number = 0.0;
 };
+
+/// Where a search in the history begins: at the match of before, or what is in sight, or behind or before the match.
+enum class FindFrom { here, next, previous };
+enum class FindResult { nothing, found, foundBehindTheEnd };
 
 /// The history of a document: each equation with its answer below it, to be read and copied.
 ///
@@ -53,6 +58,21 @@ public:
     void setStoredAnswerOfLastLine(const StoredAnswer& stored);
     void scrollToEnd();
 
+    // TXHistoryViewerTextView_find.cpp
+    /// Looks for `text`, whatever its case, and marks the match over the text. Selection and caret stay. A search for
+    /// the next one that comes to the end goes on at the beginning, and the other way round.
+    FindResult findText(const QString& text, FindFrom from);
+    void scrollToMatch();
+    /// Takes the mark away.
+    void forgetMatch();
+    /// The text that is marked, which is no part of a selection.
+    const QTextCursor& match() const { return match_; }
+    /// Empties the view, but keeps the text until it comes back or is forgotten.
+    void clearShownText();
+    bool hasClearedText() const { return cleared_ != nullptr; }
+    void bringClearedTextBack();
+    void forgetClearedText() { cleared_.reset(); }
+
     // TXHistoryViewerTextView_menu.cpp: the context menu, whose entries act on the calculation under the pointer, or at
     // the caret when a key opened it.
     /// The context menu; nullptr before `awakeFromNib`.
@@ -75,6 +95,7 @@ protected:
     QMimeData* createMimeDataFromSelection() const override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     /// The lines of one calculation. What is missing is no valid block.
@@ -92,10 +113,15 @@ private:
     void insertText(const QString& text);
     void wrapAnywhereIfNeededFor(const QString& line);
     bool isScrolledToEnd() const;
+    int positionInSight() const;
+    void showMatch();
+    void showDocument(QTextDocument* text);
     QTextCursor selectionToCopy() const;
 
     std::unique_ptr<Ui::HistoryMenu> menuUi_;
     QMenu* wrappingMenu_ = nullptr;
+    QTextCursor match_;  ///< Null when nothing was found.
+    std::unique_ptr<QTextDocument> cleared_;
     Calculation chosen_;  ///< What the menu was opened for.
     MyDocument* parentDocument_ = nullptr;
     bool hasFocusForMenuOnly_ = false;
