@@ -2,6 +2,7 @@
 
 #include <QList>
 #include <QObject>
+#include <deque>
 #include <vector>
 
 class MyDocument;
@@ -14,6 +15,11 @@ class DocumentController : public QObject {
 public:
     /// Opens a document in a new window and gives it. It lives until its window is closed.
     MyDocument& newDocument();
+    /// Brings back the document that was closed last, as it was, in its own window; nullptr when there is none. The
+    /// last ones that were closed are kept, as long as another document is open.
+    MyDocument* reopenClosedDocument();
+    bool hasClosedDocument() const { return !closedDocuments_.empty(); }
+    static constexpr std::size_t mostClosedDocuments = 10;
     /// Closes every document, without a question.
     void closeAll();
 
@@ -25,6 +31,8 @@ signals:
     /// A document was made; its window is not yet shown.
     void documentMade(MyDocument* document);
     void lastDocumentClosed();
+    /// Another document would be brought back, or none any more.
+    void closedDocumentsChanged();
 
 private:
     struct OpenDocument {
@@ -32,10 +40,15 @@ private:
         int number;  ///< In its title, from 1.
     };
 
+    bool isFree(int number) const;
     int lowestFreeNumber() const;
+    void add(const OpenDocument& document);
+    void keepClosed(const OpenDocument& document);
+    void forgetClosedDocuments(std::size_t kept);
     void cascade(QWidget* window) const;
     void remove(MyDocument* document);
 
     std::vector<OpenDocument> openDocuments_;
+    std::deque<OpenDocument> closedDocuments_;  ///< The one that was closed last at the end.
     MyDocument* activeDocument_ = nullptr;
 };

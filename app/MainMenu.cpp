@@ -4,11 +4,11 @@
 #include <QApplication>
 #include <QEvent>
 #include <QMenu>
-#include <QShortcut>
 
 #include "app/AppPreferencesController.h"
 #include "app/DocumentController.h"
 #include "app/EditCommands.h"
+#include "app/KeyboardShortcuts.h"
 #include "app/TXGreekLetterPanel.h"
 #include "app/messages.h"
 #include "ui/document/MyDocument.h"
@@ -87,6 +87,10 @@ MainMenu::~MainMenu() = default;
 void MainMenu::connectFileMenu() {
     connect(ui_->newDocumentAction, &QAction::triggered, &documents_, [this] { documents_.newDocument(); });
     connect(ui_->openDocumentAction, &QAction::triggered, &document_, &MyDocument::openDocument);
+    const auto refreshReopening = [this] { ui_->reopenClosedWindowAction->setEnabled(documents_.hasClosedDocument()); };
+    connect(ui_->reopenClosedWindowAction, &QAction::triggered, &documents_, &DocumentController::reopenClosedDocument);
+    connect(&documents_, &DocumentController::closedDocumentsChanged, this, refreshReopening);
+    refreshReopening();
     connect(ui_->closeDocumentAction, &QAction::triggered, &document_, &MyDocument::close);
     connect(ui_->saveDocumentAction, &QAction::triggered, &document_, &MyDocument::saveDocument);
     connect(ui_->saveDocumentAsAction, &QAction::triggered, &document_, &MyDocument::saveDocument);
@@ -206,6 +210,7 @@ void MainMenu::connectHelpMenu() {
     using Controller = AppPreferencesController;
     connect(ui_->usersGuideAction, &QAction::triggered, &preferences_, &Controller::openUsersGuide);
     connect(ui_->greekLettersAction, &QAction::triggered, &preferences_, &Controller::showGreekLettersPanel);
+    connect(ui_->keyboardShortcutsAction, &QAction::triggered, this, &MainMenu::showKeyboardShortcuts);
     connect(ui_->releaseNotesAction, &QAction::triggered, &preferences_, &Controller::openReleaseNotes);
     connect(ui_->screencastsAction, &QAction::triggered, &preferences_, &Controller::openScreencastURL);
     connect(ui_->sendFeedbackAction, &QAction::triggered, &preferences_, &Controller::openFeedbackURL);
@@ -215,17 +220,24 @@ void MainMenu::connectHelpMenu() {
 
 // The keys that no entry of a menu stands for.
 void MainMenu::addKeys() {
-    connect(new QShortcut(QKeySequence(Qt::Key_F10), window_), &QShortcut::activated, ui_->menuBar, &MenuBar::open);
-    for (QWidget* window : {static_cast<QWidget*>(window_), document_.miniWindow()}) {
-        connect(new QShortcut(QKeySequence(Qt::Key_F6), window), &QShortcut::activated, this, &MainMenu::moveToPanel);
-    }
+    window_->addActions({ui_->menuBarAction, ui_->moveToPanelAction});
+    connect(ui_->menuBarAction, &QAction::triggered, ui_->menuBar, &MenuBar::open);
+    connect(ui_->moveToPanelAction, &QAction::triggered, this, &MainMenu::moveToPanel);
 }
 
 // It shows no menu bar, but all the keys work there.
 void MainMenu::shareKeysWithMiniWindow() {
     for (QAction* action : window_->findChildren<QAction*>()) {
-        if (!action->shortcut().isEmpty()) document_.miniWindow()->addAction(action);
+        const bool hasKey = !action->shortcut().isEmpty();
+        if (hasKey && action != ui_->menuBarAction) document_.miniWindow()->addAction(action);
     }
+}
+
+void MainMenu::showKeyboardShortcuts() {
+    if (keyboardShortcuts_ == nullptr) keyboardShortcuts_ = new KeyboardShortcuts(*window_, document_.activeWindow());
+    keyboardShortcuts_->show();
+    keyboardShortcuts_->raise();
+    keyboardShortcuts_->activateWindow();
 }
 
 void MainMenu::listWindows() {

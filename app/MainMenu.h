@@ -1,10 +1,12 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <memory>
 
 class AppPreferencesController;
 class DocumentController;
+class KeyboardShortcuts;
 class MyDocument;
 class QAction;
 class TXWindow;
@@ -38,6 +40,7 @@ private:
     void connectWindowMenu();
     void connectHelpMenu();
     void addKeys();
+    void showKeyboardShortcuts();
     void listWindows();
     void setFullScreen(bool isFullScreen);
     void moveToPanel();
@@ -50,4 +53,5 @@ private:
     TXWindow* window_;
     std::unique_ptr<Ui::MainMenu> ui_;
     QList<QAction*> windowEntries_;
+    QPointer<KeyboardShortcuts> keyboardShortcuts_;
 };

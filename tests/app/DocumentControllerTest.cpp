@@ -185,7 +185,7 @@ TEST_P(CoveredDocument, isClosedWithWhatCoversIt) {
     const QPointer<QWidget> cover = QApplication::activeModalWidget();
     document->close();
     deleteWhatIsClosed();
-    EXPECT_TRUE(document.isNull());
+    EXPECT_FALSE(document->documentWindow()->isVisible());
     EXPECT_TRUE(cover.isNull());
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
     EXPECT_EQ(application.documents().documents(), QList<MyDocument*>{&other});
@@ -215,6 +215,131 @@ INSTANTIATE_TEST_SUITE_P(Covers, CoveredDocument, testing::Values(
     }}
 ), [](const auto& row) { return row.param.name; });
 // clang-format on
+
+struct ClosedDocuments : Documents {
+    void enter(const MyDocument& document, const QString& line) const {
+        QTest::keyClicks(document.activeFormulaTextView(), line);
+        QTest::keyClick(document.activeFormulaTextView(), Qt::Key_Return);
+    }
+    /// The document that comes back when the keys are pressed in the other one.
+    MyDocument& reopenByKey() {
+        other.showWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(other.documentWindow()));
+        QTest::keyClick(other.formulaTextView(), Qt::Key_T, Qt::ControlModifier | Qt::ShiftModifier);
+        MyDocument* const last = application.documents().documents().last();
+        EXPECT_NE(last, &other);
+        EXPECT_TRUE(QTest::qWaitForWindowActive(last->activeWindow()));
+        return *last;
+    }
+
+    MyDocument& other = openDocument();
+};
+
+TEST_F(ClosedDocuments, comeBackAsTheyWere) {
+    MyDocument& document = openDocument();
+    enter(document, "x=1234.5");
+    enter(document, "x*2");
+    trigger(document, "thousandsSeparators");
+    trigger(document, "degrees");
+    QTest::keyClicks(document.formulaTextView(), "half a line");
+    const QString history = document.mainField()->toPlainText();
+    const QRect place = document.documentWindow()->geometry();
+    const QString title = titleOf(document);
+    document.close();
+    deleteWhatIsClosed();
+    EXPECT_EQ(application.documents().documents(), QList<MyDocument*>{&other});
+    MyDocument& reopened = reopenByKey();
+    EXPECT_EQ(reopened.mainField()->toPlainText(), history);
+    EXPECT_EQ(reopened.formulaTextView()->text(), "half a line");
+    EXPECT_TRUE(reopened.formulaTextView()->hasFocus());
+    EXPECT_EQ(reopened.documentWindow()->geometry(), place);
+    EXPECT_EQ(titleOf(reopened), title);
+    EXPECT_EQ(application.documents().activeDocument(), &reopened);
+    QTest::keyClick(reopened.formulaTextView(), Qt::Key_Up, Qt::AltModifier);
+    EXPECT_EQ(reopened.formulaTextView()->text(), "x*2");
+    QTest::keyClick(reopened.formulaTextView(), Qt::Key_Return);
+    EXPECT_TRUE(reopened.mainField()->toPlainText().endsWith("x*2\n\t= 2,469\n"));
+    EXPECT_FALSE(reopened.documentEquationController().useRadians());
+}
+
+TEST_F(ClosedDocuments, comeBackTheLastOneFirst) {
+    MyDocument& first = openDocument();
+    MyDocument& second = openDocument();
+    enter(first, "1");
+    enter(second, "2");
+    first.close();
+    second.close();
+    EXPECT_EQ(reopenByKey().mainField()->toPlainText(), "2\n\t= 2\n");
+    EXPECT_EQ(reopenByKey().mainField()->toPlainText(), "1\n\t= 1\n");
+    EXPECT_FALSE(application.documents().hasClosedDocument());
+    EXPECT_EQ(application.documents().reopenClosedDocument(), nullptr);
+}
+
+TEST_F(ClosedDocuments, enableTheEntryOfEveryMenu) {
+    const char* const name = "reopenClosedWindowAction";
+    EXPECT_FALSE(action(other, name)->isEnabled());
+    openDocument().close();
+    EXPECT_TRUE(action(other, name)->isEnabled());
+    EXPECT_TRUE(action(openDocument(), name)->isEnabled());
+    other.showWindow();
+    application.documents().reopenClosedDocument();
+    EXPECT_FALSE(action(other, name)->isEnabled());
+}
+
+TEST_F(ClosedDocuments, areKeptUpToANumber) {
+    QList<QPointer<MyDocument>> closed;
+    for (int i = 0; i < 12; ++i) {
+        closed.append(&openDocument());
+        closed.last()->close();
+        deleteWhatIsClosed();
+    }
+    EXPECT_EQ(std::count_if(closed.begin(), closed.end(), [](const auto& document) { return document.isNull(); }), 2);
+    EXPECT_TRUE(closed.at(1).isNull());
+    for (int i = 0; i < 10; ++i) EXPECT_EQ(application.documents().reopenClosedDocument(), closed.at(11 - i));
+    EXPECT_FALSE(application.documents().hasClosedDocument());
+}
+
+TEST_F(ClosedDocuments, takeAFreeNumberWhenTheirsIsTaken) {
+    MyDocument& document = openDocument();
+    document.close();
+    EXPECT_EQ(titleOf(openDocument()), "Untitled 2");
+    EXPECT_EQ(titleOf(*application.documents().reopenClosedDocument()), "Untitled 3");
+}
+
+TEST_F(ClosedDocuments, comeBackInTheMiniWindowTheyHad) {
+    MyDocument& document = openDocument();
+    document.windowShouldZoom();
+    enter(document, "2+3");
+    document.close();
+    EXPECT_FALSE(document.miniWindow()->isVisible());
+    trigger(other, "keepMiniWindowOnTopAction");
+    MyDocument& reopened = reopenByKey();
+    EXPECT_TRUE(reopened.isSmallWindowShown());
+    EXPECT_TRUE(reopened.miniWindow()->isVisible());
+    EXPECT_FALSE(reopened.documentWindow()->isVisible());
+    EXPECT_TRUE(reopened.keepsMiniWindowOnTop());
+    QTest::keyClicks(reopened.activeFormulaTextView(), "+");
+    EXPECT_EQ(reopened.activeFormulaTextView()->text(), "ans+");
+}
+
+TEST_F(ClosedDocuments, canBeClosedAgain) {
+    MyDocument& document = openDocument();
+    document.close();
+    reopenByKey().close();
+    EXPECT_EQ(application.documents().documents(), QList<MyDocument*>{&other});
+    EXPECT_EQ(&reopenByKey(), &document);
+}
+
+TEST_F(ClosedDocuments, goWithTheLastOpenOne) {
+    const QPointer<MyDocument> document = &openDocument();
+    document->close();
+    const QSignalSpy closed(&application.documents(), &DocumentController::lastDocumentClosed);
+    other.close();
+    EXPECT_EQ(closed.count(), 1);
+    deleteWhatIsClosed();
+    EXPECT_TRUE(document.isNull());
+    EXPECT_FALSE(application.documents().hasClosedDocument());
+}
 
 TEST_F(Documents, areNotActiveOnceTheyAreClosed) {
     MyDocument& document = openDocument();

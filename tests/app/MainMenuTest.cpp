@@ -43,8 +43,9 @@ TEST_F(MainMenuTest, hasTheseEntriesWithTheseKeys) {
     const QList<QMenu*> menus = menusOf(openDocument());
     ASSERT_EQ(menus.size(), 6);
     EXPECT_EQ(entriesOf(*menus[0]),
-              QStringList({"New | Ctrl+N", "Open… | Ctrl+O", "Close | Ctrl+W", "Save | Ctrl+S",
-                           "Save As… | Ctrl+Shift+S", "Print… | Ctrl+P", "Clear Everything…", "Quit | Ctrl+Q"}));
+              QStringList({"New | Ctrl+N", "Open… | Ctrl+O", "Reopen Closed Window | Ctrl+Shift+T", "Close | Ctrl+W",
+                           "Save | Ctrl+S", "Save As… | Ctrl+Shift+S", "Print… | Ctrl+P", "Clear Everything…",
+                           "Quit | Ctrl+Q"}));
     EXPECT_EQ(entriesOf(*menus[1]), QStringList({"Undo | Ctrl+Z", "Redo | Ctrl+Shift+Z", "Cut | Ctrl+X | Shift+Del",
                                                  "Copy | Ctrl+C | Ctrl+Ins", "Copy Last Answer | Ctrl+Shift+C",
                                                  "Copy Last Answer Without Separators", "Paste | Ctrl+V | Shift+Ins",
@@ -55,8 +56,9 @@ TEST_F(MainMenuTest, hasTheseEntriesWithTheseKeys) {
                                                  "Larger Text | Ctrl++ | Ctrl+=", "Smaller Text | Ctrl+-",
                                                  "Normal Text | Ctrl+0", "Full Screen | F11"}));
     EXPECT_EQ(entriesOf(*menus[4]), QStringList({"Minimize", "Inspector"}));
-    EXPECT_EQ(entriesOf(*menus[5]), QStringList({"User Guide | F1", "Greek Letters | Ctrl+Shift+G", "Release Notes",
-                                                 "Screencasts", "Send Feedback", "Report a Bug", "About Tallix"}));
+    EXPECT_EQ(entriesOf(*menus[5]),
+              QStringList({"User Guide | F1", "Greek Letters | Ctrl+Shift+G", "Keyboard Shortcuts | Ctrl+?",
+                           "Release Notes", "Screencasts", "Send Feedback", "Report a Bug", "About Tallix"}));
     QStringList titles;
     for (const QMenu* menu : menus) titles.append(menu->title().remove(u'&'));
     EXPECT_EQ(titles, QStringList({"File", "Edit", "Format", "View", "Window", "Help"}));

@@ -139,8 +139,8 @@ TEST_F(MiniMode, hasTheKeysOfTheMenus) {
     press(document, Qt::Key_S, Qt::ControlModifier);
     EXPECT_NE(document.miniWindow()->findChild<QMessageBox*>(), nullptr);
     for (const QAction* entry : document.documentWindow()->findChildren<QAction*>()) {
-        EXPECT_TRUE(entry->shortcut().isEmpty() || document.miniWindow()->actions().contains(entry))
-            << entry->objectName().toStdString();
+        const bool hasKey = !entry->shortcut().isEmpty() && entry->objectName() != "menuBarAction";  // It has none.
+        EXPECT_EQ(document.miniWindow()->actions().contains(entry), hasKey) << entry->objectName().toStdString();
     }
 }
 
