@@ -115,6 +115,8 @@ void MainMenu::connectEditMenu() {
     ui_->pasteAction->setShortcuts({QKeySequence("Ctrl+V"), QKeySequence("Shift+Ins")});
     new EditCommands(document_, {ui_->undoAction, ui_->redoAction, ui_->cutAction, ui_->copyAction, ui_->pasteAction,
                                  ui_->selectAllAction});
+    // The second key is the first one where "=" itself needs Shift.
+    ui_->insertPlusMinusAction->setShortcuts({QKeySequence("Alt+Shift+="), QKeySequence("Alt+=")});
     connectLastAnswer();
     connectHistory();
     connect(ui_->insertPlusMinusAction, &QAction::triggered, &document_, &MyDocument::insertPlusMinus);

@@ -46,11 +46,12 @@ TEST_F(MainMenuTest, hasTheseEntriesWithTheseKeys) {
               QStringList({"New | Ctrl+N", "Open… | Ctrl+O", "Reopen Closed Window | Ctrl+Shift+T", "Close | Ctrl+W",
                            "Save | Ctrl+S", "Save As… | Ctrl+Shift+S", "Print… | Ctrl+P", "Clear Everything…",
                            "Quit | Ctrl+Q"}));
-    EXPECT_EQ(entriesOf(*menus[1]), QStringList({"Undo | Ctrl+Z", "Redo | Ctrl+Shift+Z", "Cut | Ctrl+X | Shift+Del",
-                                                 "Copy | Ctrl+C | Ctrl+Ins", "Copy Last Answer | Ctrl+Shift+C",
-                                                 "Copy Last Answer Without Separators", "Paste | Ctrl+V | Shift+Ins",
-                                                 "Select All | Ctrl+A", "Find in History… | Ctrl+F",
-                                                 "Insert ± | Alt+Shift+=", "Clear History", "Preferences… | Ctrl+,"}));
+    EXPECT_EQ(
+        entriesOf(*menus[1]),
+        QStringList({"Undo | Ctrl+Z", "Redo | Ctrl+Shift+Z", "Cut | Ctrl+X | Shift+Del", "Copy | Ctrl+C | Ctrl+Ins",
+                     "Copy Last Answer | Ctrl+Shift+C", "Copy Last Answer Without Separators",
+                     "Paste | Ctrl+V | Shift+Ins", "Select All | Ctrl+A", "Find in History… | Ctrl+F",
+                     "Insert ± | Alt+Shift+= | Alt+=", "Clear History", "Preferences… | Ctrl+,"}));
     EXPECT_EQ(entriesOf(*menus[2]), QStringList({"Number Format", "Digits", "Thousands Separators", "Angle Unit"}));
     EXPECT_EQ(entriesOf(*menus[3]), QStringList({"Mini Mode | Ctrl+Shift+M", "Keep Mini Window on Top", "Sidebar | F9",
                                                  "Larger Text | Ctrl++ | Ctrl+=", "Smaller Text | Ctrl+-",

@@ -377,6 +377,86 @@ class Formats(SessionTest):
         self.assertEqual(desktop.history(), "1/8\n\t= 0.125\n\nans1+0\n\t= 12.5%")
 
 
+class Commands(SessionTest):
+    """Commands by their keys, which reach them past the entry line and the window manager."""
+
+    def test_copy_the_last_answer(self):
+        self.desktop.enter("2-5")
+        self.assertEqual(self.desktop.copied("ctrl+shift+c"), "-3")
+        self.desktop.type("+")
+        self.assertEqual(self.desktop.line(), "ans+")
+
+    def test_insert_plus_minus_in_every_layout(self):
+        for layout in ("us", "de", "fr"):  # In one of them "=" needs Shift.
+            self.desktop.set_keyboard(layout)
+            self.desktop.key("ctrl+a", "5", "alt+shift+equal", "1")
+            self.assertEqual(self.desktop.line(), "5±1")
+
+    def test_keys_in_the_history_go_to_the_line(self):
+        self.desktop.enter("2+3")
+        self.desktop.click(self.desktop.active_window(), 500, 200)
+        self.desktop.key("ctrl+Home")
+        self.desktop.type("+1")
+        self.assertEqual(self.desktop.line(), "ans+1")
+        self.assertEqual(self.desktop.history(), "2+3\n\t= 5")
+
+    def test_escape_empties_the_line_and_undo_brings_it_back(self):
+        self.desktop.type("12+3")
+        self.desktop.key("Escape")
+        self.desktop.type("4")
+        self.assertEqual(self.desktop.line(), "4")
+        self.desktop.key("ctrl+z", "ctrl+z")
+        self.assertEqual(self.desktop.line(), "12+3")
+
+    def test_a_cleared_history_comes_back(self):
+        self.desktop.enter("2+3")
+        self.desktop.key("alt+e", "h", "ctrl+z")
+        self.assertEqual(self.desktop.history(), "2+3\n\t= 5")
+
+    def test_the_find_bar_takes_the_keys_and_gives_them_back(self):
+        self.desktop.enter("2+3", "7*6")
+        self.desktop.key("ctrl+f")
+        self.desktop.type("2+")
+        self.desktop.key("Return", "F3", "Escape")
+        self.desktop.type("-")
+        self.assertEqual(self.desktop.line(), "ans-")
+        self.assertEqual(self.desktop.history(), "2+3\n\t= 5\n\n7*6\n\t= 42")
+
+    def test_clear_everything_after_the_question(self):
+        desktop = self.desktop
+        desktop.enter("x=4")
+        for key, history in {"Return": "x=4\n\tx = 4\n\n1+1\n\t= 2", "alt+e": "1+1\n\t= 2"}.items():
+            desktop.key("alt+f", "e")
+            wait_for(lambda: desktop.active_title() == "Tallix", "the question")
+            desktop.key(key)
+            desktop.wait_for_window(FIRST)
+            desktop.enter("1+1")
+            self.assertEqual(desktop.history(), history)
+
+    def test_a_closed_window_comes_back(self):
+        desktop = self.desktop
+        desktop.key("ctrl+n")
+        desktop.wait_for_window(SECOND)
+        desktop.enter("7*6")
+        place = desktop.place(desktop.active_window())
+        desktop.key("ctrl+w")
+        desktop.wait_for_window(FIRST)
+        desktop.key("ctrl+shift+t")
+        desktop.wait_for_window(SECOND)
+        self.assertEqual(desktop.place(desktop.active_window()), place)
+        self.assertEqual(desktop.history(), "7*6\n\t= 42")
+        desktop.key("ctrl+w")
+        desktop.wait_for_window(FIRST)
+        self.assert_quits_after("ctrl+w")
+
+    def test_the_list_of_keys_closes_with_escape(self):
+        self.desktop.key("ctrl+question")
+        self.desktop.wait_for_window("Keyboard Shortcuts — Tallix")
+        self.desktop.key("Down", "Escape")
+        self.desktop.wait_for_window(FIRST)
+        self.assert_quits_after("ctrl+q")
+
+
 class Sidebar(SessionTest):
     """How names and values get out of the sidebar. A click with Alt is the window manager's here."""
 

@@ -118,11 +118,14 @@ void TXHistoryViewerTextView::resizeEvent(QResizeEvent* event) {
 
 // With another size of the text, what is in sight stays there.
 void TXHistoryViewerTextView::changeEvent(QEvent* event) {
+    if (event->type() != QEvent::FontChange) {
+        QTextEdit::changeEvent(event);
+        if (event->type() == QEvent::PaletteChange) showMatch();
+        return;
+    }
     const bool wasScrolledToEnd = isScrolledToEnd();
     const QTextCursor first = cursorForPosition(QPoint(0, 0));
     QTextEdit::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange) showMatch();
-    if (event->type() != QEvent::FontChange) return;
     document()->size();  // Lays all of it out.
     QScrollBar* const bar = verticalScrollBar();
     bar->setValue(wasScrolledToEnd ? bar->maximum() : bar->value() + cursorRect(first).top());

@@ -196,7 +196,7 @@ void TXOutlineView::startDrag(Qt::DropActions supportedActions) {
 
 // What types something is meant for the entry line: the tree would take + - and * for folding, and look for the rest.
 void TXOutlineView::keyPressEvent(QKeyEvent* event) {
-    if (parentDocument_ != nullptr && parentDocument_->typeIntoEntry(event)) return;
+    if (parentDocument_->typeIntoEntry(event)) return;
     if (event->matches(QKeySequence::Copy)) {
         copy();
     } else if (isReturn(*event)) {
