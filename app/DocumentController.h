@@ -42,8 +42,8 @@ private:
 
     bool isFree(int number) const;
     int lowestFreeNumber() const;
-    void add(const OpenDocument& document);
-    void keepClosed(const OpenDocument& document);
+    void add(const OpenDocument& open);
+    void keepClosed(const OpenDocument& closed);
     void forgetClosedDocuments(std::size_t kept);
     void cascade(QWidget* window) const;
     void remove(MyDocument* document);
