@@ -234,6 +234,12 @@ class Desktop:
         yield
         self._wait_for(lambda: self.shown() == before, "the end of the menu")
 
+    def choose(self, opener, *keys):
+        """Opens a menu with a key and chooses with others what opens no window. Keys that come before the menu is gone
+        would be its own."""
+        with self.menu(lambda: self.key(opener)):
+            self.key(*keys)
+
     def open_and_close_menu(self, key):
         """Opens a menu with the key and leaves it, and then the menu bar."""
         with self.menu(lambda: self.key(key)):
