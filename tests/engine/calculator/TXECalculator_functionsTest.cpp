@@ -159,6 +159,7 @@ INSTANTIATE_TEST_SUITE_P(WithoutAngles, FunctionOfOneArgument, testing::Values(
     inBothUnits("TowardZero",               31, 2.7, 2.0),
     inBothUnits("TowardZeroOfNegative",     31, -2.7, -2.0),
     inBothUnits("TowardZeroOfZero",         31, 0.0, 0.0),
+    inBothUnits("TowardZeroOfAFraction",    31, 0.5, 0.0),
     inBothUnits("OrderOfMagnitude",         32, 1234.0, 3.0),
     inBothUnits("OrderOfNegative",          32, -999.0, 2.0),
     inBothUnits("OrderBelowOne",            32, 0.02, -2.0)

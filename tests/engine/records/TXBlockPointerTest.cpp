@@ -12,6 +12,7 @@ TEST(TXBlockPointer, aNewLinkHasNoTitle) {
     const TXBlockPointer pointer = TXBlockPointer::initWithBlockPointerID(3);
     EXPECT_EQ(pointer.blockPointerID(), 3);
     EXPECT_EQ(pointer.title(), std::nullopt);
+    EXPECT_EQ(TXBlockPointer().blockPointerID(), 0);
 }
 
 TEST(TXBlockPointer, everyAccessorReadsWhatWasWritten) {

@@ -4,6 +4,11 @@
 
 namespace {
 
+TEST(TXFunction, aNewOneIsTheFirstOfTheBuiltInOnes) {
+    EXPECT_EQ(TXFunction().functionType(), 0);
+    EXPECT_EQ(TXFunction().functionIndex(), 0);
+}
+
 TEST(TXFunction, keepsTypeAndIndex) {
     TXFunction function = TXFunction::initWithFunctionType(1, 20);
     EXPECT_EQ(function.functionType(), 1);

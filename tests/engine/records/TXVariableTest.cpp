@@ -38,6 +38,12 @@ TEST(TXVariable, setNumberDefinesIt) {
     EXPECT_TRUE(variable.isDefined());
 }
 
+TEST(TXVariable, aNewOneStandsAtPositionZero) {
+    EXPECT_EQ(TXVariable::initWithName(u"x", false, 0.0).variableIndex(), 0);
+}
+
+TEST(TXVariable, mayHaveAnEmptyName) { EXPECT_EQ(utf8(TXVariable::initWithName(u"", false, 0.0).variableName()), ""); }
+
 TEST(TXVariable, everyAccessorReadsWhatWasWritten) {
     TXVariable variable = TXVariable::initWithName(u"x", false, 0.0);
     variable.setVariableName(u"y");
