@@ -1,6 +1,8 @@
 #include "app/PreferenceController.h"
 
 #include <QDialog>
+#include <algorithm>
+#include <iterator>
 
 #include "app/DocumentController.h"
 #include "ui/UserDefaults.h"
@@ -17,6 +19,13 @@ constexpr int smallExponentIndex = 0;
 constexpr int capitalExponentIndex = 1;
 constexpr int radiansIndex = 0;
 constexpr int degreesIndex = 1;
+constexpr Appearance::Choice choicesOfColors[] = {Appearance::Choice::followSystem, Appearance::Choice::light,
+                                                  Appearance::Choice::dark};
+
+int indexOfColors(Appearance::Choice choice) {
+    return static_cast<int>(std::find(std::begin(choicesOfColors), std::end(choicesOfColors), choice) -
+                            std::begin(choicesOfColors));
+}
 
 int indexOfSeparator(const QString& separator) {
     if (separator == " ") return blankIndex;
@@ -44,6 +53,7 @@ PreferenceController::PreferenceController(DocumentController& documents)
             [this] { changeExponentCharacter(exponentialCharacterComboBox()); });
     connect(degreesOrRadians(), &QComboBox::activated, this,
             [this] { changeDefaultDocumentAngleUnits(degreesOrRadians()); });
+    connect(colorsBox(), &QComboBox::activated, this, [this] { changeColors(colorsBox()); });
     connect(ui_->closeButton, &QPushButton::clicked, window_.get(), &QDialog::close);
 }
 
@@ -66,6 +76,7 @@ void PreferenceController::windowDidLoad() {
     thousandsSeparatorsBox()->setCurrentIndex(indexOfSeparator(separator));
     exponentialCharacterComboBox()->setCurrentIndex(isCapital ? capitalExponentIndex : smallExponentIndex);
     degreesOrRadians()->setCurrentIndex(isRadians ? radiansIndex : degreesIndex);
+    colorsBox()->setCurrentIndex(indexOfColors(Appearance::storedChoice()));
 }
 
 void PreferenceController::showWindow() {
@@ -90,8 +101,15 @@ void PreferenceController::changeDefaultDocumentAngleUnits(const QComboBox* popU
     UserDefaults().setBool(popUp->currentIndex() == radiansIndex, TXUserDefaultsKey::usesRadiansForNewDocuments);
 }
 
+void PreferenceController::changeColors(const QComboBox* popUp) {
+    const int index = popUp->currentIndex();
+    if (index >= 0 && index < std::ssize(choicesOfColors)) emit colorsChosen(choicesOfColors[index]);
+}
+
 QComboBox* PreferenceController::thousandsSeparatorsBox() const { return ui_->thousandsSeparatorsBox; }
 
 QComboBox* PreferenceController::exponentialCharacterComboBox() const { return ui_->exponentialCharacterComboBox; }
 
 QComboBox* PreferenceController::degreesOrRadians() const { return ui_->degreesOrRadians; }
+
+QComboBox* PreferenceController::colorsBox() const { return ui_->colorsBox; }

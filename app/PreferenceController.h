@@ -3,6 +3,8 @@
 #include <QObject>
 #include <memory>
 
+#include "app/Appearance.h"
+
 class DocumentController;
 class QCheckBox;
 class QComboBox;
@@ -33,6 +35,8 @@ public:
     void changeExponentCharacter(const QComboBox* popUp);
     /// Counts for documents that are made from now on: open ones stay as they are.
     void changeDefaultDocumentAngleUnits(const QComboBox* popUp);
+    /// Only tells of the choice: whoever shows the colours stores it.
+    void changeColors(const QComboBox* popUp);
 
     /// These two have no behaviour and no place in the window: nullptr.
     QWidget* colorWell() const { return colorWell_; }
@@ -40,11 +44,13 @@ public:
     QComboBox* thousandsSeparatorsBox() const;
     QComboBox* exponentialCharacterComboBox() const;
     QComboBox* degreesOrRadians() const;
+    QComboBox* colorsBox() const;
 
 signals:
     // The position that was chosen. The open documents have it with these signals, and it is stored afterwards.
     void thousandsSeparatorChosen(int index);
     void exponentCharacterChosen(int index);
+    void colorsChosen(Appearance::Choice choice);
 
 private:
     void sendChoicesToDocuments();

@@ -1,0 +1,100 @@
+#include "app/OutlineStyle.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QStyleOption>
+#include <algorithm>
+
+#include "ui/document/contrast.h"
+
+namespace {
+
+constexpr auto fusionName = "fusion";
+constexpr qsizetype mostPalettes = 64;
+constexpr int step = 5;
+constexpr int whole = 255;
+constexpr qreal focusRadius = 2.0;
+
+// How Fusion derives outlines from the colour of windows. That of a check box is lighter than the others.
+constexpr int darkeningOfOutline = 140;
+constexpr int lighteningOfBox = 110;
+
+QColor outlineFrom(const QColor& window) { return window.darker(darkeningOfOutline); }
+
+// How it derives the outline of what has the focus from the highlight's.
+QColor focusOutlineFrom(const QColor& highlight) {
+    constexpr int darkening = 125;
+    constexpr int brightest = 160;
+    QColor outline = highlight.darker(darkening);
+    if (outline.value() > brightest) outline.setHsl(outline.hue(), outline.saturation(), brightest);
+    return outline;
+}
+
+/// `from`, as much nearer to the palette's text as makes all that is drawn by it visible on windows.
+template <typename IsVisible>
+QColor changedUntil(const IsVisible& isVisible, const QColor& from, const QColor& text) {
+    QColor color = from;
+    for (int share = step; !isVisible(color) && share <= whole; share += step) color = mixed(text, from, share);
+    return color;
+}
+
+}  // namespace
+
+OutlineStyle::OutlineStyle() : QProxyStyle(QLatin1String(fusionName)) {}
+
+void OutlineStyle::install() {
+    if (QApplication::style()->name() != QLatin1String(fusionName)) return;
+    if (qobject_cast<OutlineStyle*>(QApplication::style()) == nullptr) QApplication::setStyle(new OutlineStyle);
+}
+
+const QPalette& OutlineStyle::outlinedPalette(const QPalette& palette) const {
+    const auto known = outlinedPalettes_.constFind(palette.cacheKey());
+    if (known != outlinedPalettes_.constEnd()) return *known;
+    const QColor window = palette.color(QPalette::Window);
+    const QColor text = palette.color(QPalette::WindowText);
+    const auto isVisible = [&window](const QColor& outline) { return contrast(outline, window) >= visibleContrast; };
+    QPalette outlined = palette;
+    outlined.setColor(QPalette::Window, changedUntil(
+                                            [&](const QColor& color) {
+                                                const QColor outline = outlineFrom(color);
+                                                return isVisible(outline) && isVisible(outline.lighter(lighteningOfBox));
+                                            },
+                                            window, text));
+    outlined.setColor(QPalette::Highlight,
+                      changedUntil([&](const QColor& color) { return isVisible(focusOutlineFrom(color)); },
+                                   palette.color(QPalette::Highlight), text));
+    if (outlinedPalettes_.size() >= mostPalettes) outlinedPalettes_.clear();
+    return *outlinedPalettes_.insert(palette.cacheKey(), outlined);
+}
+
+template <typename Option>
+void OutlineStyle::drawOutlined(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                                const QWidget* widget) const {
+    const auto* const given = qstyleoption_cast<const Option*>(option);
+    if (given == nullptr || !option->state.testFlag(State_Enabled)) {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        return;
+    }
+    Option outlined(*given);
+    outlined.palette = outlinedPalette(option->palette);
+    QProxyStyle::drawPrimitive(element, &outlined, painter, widget);
+}
+
+void OutlineStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                                 const QWidget* widget) const {
+    switch (element) {
+        case PE_IndicatorCheckBox:
+        case PE_IndicatorRadioButton:
+        case PE_PanelButtonCommand: drawOutlined<QStyleOptionButton>(element, option, painter, widget); break;
+        case PE_FrameLineEdit: drawOutlined<QStyleOptionFrame>(element, option, painter, widget); break;
+        case PE_FrameFocusRect:
+            if (!option->state.testFlag(State_KeyboardFocusChange)) break;
+            painter->save();
+            painter->setRenderHint(QPainter::Antialiasing);
+            painter->setPen(focusMarkColor(option->palette));
+            painter->drawRoundedRect(QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5), focusRadius, focusRadius);
+            painter->restore();
+            break;
+        default: QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+}
