@@ -38,6 +38,9 @@ QColor changedUntil(const IsVisible& isVisible, const QColor& from, const QColor
     return color;
 }
 
+/// Whether a frame of this colour cannot be seen around an area of the base's.
+bool isLost(const QColor& color, const QPalette& palette) { return hairlineColor(color, palette) != color; }
+
 }  // namespace
 
 OutlineStyle::OutlineStyle() : QProxyStyle(QLatin1String(fusionName)) {}
@@ -95,6 +98,28 @@ void OutlineStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
             painter->drawRoundedRect(QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5), focusRadius, focusRadius);
             painter->restore();
             break;
+        case PE_Frame:
+            if (isLost(outlineFrom(option->palette.color(QPalette::Window)), option->palette)) {
+                drawOutlined<QStyleOptionFrame>(element, option, painter, widget);
+            } else {
+                QProxyStyle::drawPrimitive(element, option, painter, widget);
+            }
+            break;
+        case PE_PanelMenu:
+            QProxyStyle::drawPrimitive(element, option, painter, widget);
+            painter->setPen(hairlineColor(outlineFrom(option->palette.color(QPalette::Window)), option->palette));
+            painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+            break;
         default: QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+}
+
+// Between two panes, where the style leaves the colour of windows.
+void OutlineStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                               const QWidget* widget) const {
+    QProxyStyle::drawControl(element, option, painter, widget);
+    const QColor line = option->palette.color(QPalette::Window);
+    if (element == CE_Splitter && isLost(line, option->palette)) {
+        painter->fillRect(option->rect, hairlineColor(line, option->palette));
     }
 }

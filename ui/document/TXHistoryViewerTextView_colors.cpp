@@ -35,10 +35,13 @@ void TXHistoryViewerTextView::showInReadableColor(const QTextBlock& line) const 
     if (kind == 0) return;
     const QColor settled = line.begin().fragment().charFormat().foreground().color();
     const QColor shown = shownColor(static_cast<LineKind>(kind), settled, palette());
-    QTextLayout::FormatRange whole;
-    whole.length = line.length();
-    whole.format.setForeground(shown);
-    line.layout()->setFormats(shown.rgb() != settled.rgb() ? QList({whole}) : QList<QTextLayout::FormatRange>());
+    QList<QTextLayout::FormatRange> formats;
+    if (shown.rgb() != settled.rgb()) {
+        QTextCharFormat format;
+        format.setForeground(shown);
+        formats.append({0, line.length(), format});
+    }
+    line.layout()->setFormats(formats);
 }
 
 void TXHistoryViewerTextView::showAllInReadableColors() {

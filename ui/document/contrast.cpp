@@ -7,6 +7,7 @@ namespace {
 
 constexpr int whole = 255;
 constexpr int step = 15;
+constexpr double noticeableContrast = 1.1;
 
 // How bright a colour looks, from 0 to 1.
 double luminance(const QColor& color) {
@@ -50,4 +51,10 @@ QColor placeholderColor(const QPalette& palette, QPalette::ColorRole background)
 QColor focusMarkColor(const QPalette& palette) {
     return strengthened(palette.color(QPalette::Highlight), palette.color(QPalette::Window),
                         palette.color(QPalette::WindowText), visibleContrast);
+}
+
+QColor hairlineColor(const QColor& color, const QPalette& palette) {
+    const QColor base = palette.color(QPalette::Base);
+    if (contrast(color, base) >= noticeableContrast) return color;
+    return strengthened(color, base, palette.color(QPalette::Text), visibleContrast);
 }

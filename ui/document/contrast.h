@@ -25,3 +25,7 @@ QColor placeholderColor(const QPalette& palette, QPalette::ColorRole background)
 
 /// For marks of the focus on windows: the highlight's colour, visible.
 QColor focusMarkColor(const QPalette& palette);
+
+/// For lines between areas of the base's colour and others: `color`, if it can be told from the base, or else a strong
+/// one, as where all areas are black.
+QColor hairlineColor(const QColor& color, const QPalette& palette);
