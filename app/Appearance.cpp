@@ -72,7 +72,8 @@ QPalette paletteFor(Appearance::Choice choice, const QPalette& desktops, bool is
     // What is the style's own was given by no desktop.
     const bool isGiven = desktops != QApplication::style()->standardPalette();
     const bool isDesktopDark = isGiven ? isDarkPalette(desktops) : isSchemeDark;
-    const bool wantsDark = choice == Appearance::Choice::followSystem ? isDesktopDark : choice == Appearance::Choice::dark;
+    const bool wantsDark =
+        choice == Appearance::Choice::followSystem ? isDesktopDark : choice == Appearance::Choice::dark;
     if (isGiven && wantsDark == isDesktopDark) return {};
     return wantsDark ? Appearance::darkPalette() : Appearance::lightPalette();
 }

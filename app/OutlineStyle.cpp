@@ -60,7 +60,8 @@ const QPalette& OutlineStyle::outlinedPalette(const QPalette& palette) const {
     outlined.setColor(QPalette::Window, changedUntil(
                                             [&](const QColor& color) {
                                                 const QColor outline = outlineFrom(color);
-                                                return isVisible(outline) && isVisible(outline.lighter(lighteningOfBox));
+                                                return isVisible(outline) &&
+                                                       isVisible(outline.lighter(lighteningOfBox));
                                             },
                                             window, text));
     outlined.setColor(QPalette::Highlight,

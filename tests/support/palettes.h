@@ -8,7 +8,8 @@ inline QPalette paletteOf(const QColor& window, const QColor& base, const QColor
                           const QColor& highlighted) {
     QPalette palette(window);
     for (const auto role : {QPalette::Window, QPalette::Button}) palette.setColor(role, window);
-    for (const auto role : {QPalette::Base, QPalette::AlternateBase, QPalette::ToolTipBase}) palette.setColor(role, base);
+    for (const auto role : {QPalette::Base, QPalette::AlternateBase, QPalette::ToolTipBase})
+        palette.setColor(role, base);
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::BrightText,
                             QPalette::ToolTipText, QPalette::PlaceholderText}) {
         palette.setColor(role, text);
@@ -25,8 +26,14 @@ inline QPalette whitePalette() { return paletteOf("#FFFFFF", "#FFFFFF", "#000000
 /// Gives the whole program a palette as long as it lives.
 class ShownPalette {
 public:
-    explicit ShownPalette(const QPalette& palette) { QApplication::setPalette(palette); }
-    ~ShownPalette() { QApplication::setPalette(QPalette()); }
+    explicit ShownPalette(const QPalette& palette) { show(palette); }
+    ~ShownPalette() { show(QPalette()); }
     ShownPalette(const ShownPalette&) = delete;
     ShownPalette& operator=(const ShownPalette&) = delete;
+
+private:
+    static void show(const QPalette& palette) {
+        QApplication::setPalette(palette);
+        QCoreApplication::processEvents();  // Windows hear of it later.
+    }
 };

@@ -20,7 +20,8 @@ TEST(Contrast, isThatOfTheGuidelines) {
 }
 
 TEST(Contrast, tellsDarkBackgrounds) {
-    for (const char* color : {"#000000", "#222226", "#36363A", "#0000FF", "#757575"}) EXPECT_TRUE(isDark(color)) << color;
+    for (const char* color : {"#000000", "#222226", "#36363A", "#0000FF", "#757575"})
+        EXPECT_TRUE(isDark(color)) << color;
     for (const char* color : {"#767676", "#EFEFEF", "#FFFF00", "#FFFFFF"}) EXPECT_FALSE(isDark(color)) << color;
 }
 
