@@ -34,6 +34,7 @@ ColorScheme::ColorScheme() : ColorScheme(QDBusConnection::sessionBus()) {}
 // Without a bus or a portal there is no answer, and nothing changes.
 ColorScheme::ColorScheme(const QDBusConnection& bus) {
     if (!bus.isConnected()) return;
+    qRegisterMetaType<QDBusVariant>();  // By its name, too, or else no slot would be found to take it.
     QDBusConnection connection = bus;
     connection.connect(service, path, interface, "SettingChanged", this,
                        SLOT(takeSetting(QString, QString, QDBusVariant)));
