@@ -13,7 +13,8 @@ constexpr auto fusionName = "fusion";
 constexpr qsizetype mostPalettes = 64;
 constexpr int step = 5;
 constexpr int whole = 255;
-constexpr qreal focusRadius = 2.0;
+constexpr qreal cornerRadius = 2.0;
+constexpr qreal sliderMargin = 3.0;
 
 // How Fusion derives outlines from the colour of windows. That of a check box is lighter than the others.
 constexpr int darkeningOfOutline = 140;
@@ -28,6 +29,12 @@ QColor focusOutlineFrom(const QColor& highlight) {
     QColor outline = highlight.darker(darkening);
     if (outline.value() > brightest) outline.setHsl(outline.hue(), outline.saturation(), brightest);
     return outline;
+}
+
+// The groove of a scroll bar, where that is most like a slider.
+QColor grooveFrom(const QColor& button) {
+    constexpr int change = 114;
+    return isDark(button) ? button.lighter(change) : button.darker(change);
 }
 
 /// `from`, as much nearer to the palette's text as makes all that is drawn by it visible on windows.
@@ -96,7 +103,7 @@ void OutlineStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
             painter->save();
             painter->setRenderHint(QPainter::Antialiasing);
             painter->setPen(focusMarkColor(option->palette));
-            painter->drawRoundedRect(QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5), focusRadius, focusRadius);
+            painter->drawRoundedRect(QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius, cornerRadius);
             painter->restore();
             break;
         case PE_Frame:
@@ -123,4 +130,21 @@ void OutlineStyle::drawControl(ControlElement element, const QStyleOption* optio
     if (element == CE_Splitter && isLost(line, option->palette)) {
         painter->fillRect(option->rect, hairlineColor(line, option->palette));
     }
+}
+
+// Fusion's own slider hardly differs from its groove.
+void OutlineStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                                      const QWidget* widget) const {
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+    const auto* const bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+    if (control != CC_ScrollBar || bar == nullptr || bar->minimum == bar->maximum) return;
+    const QColor groove = grooveFrom(bar->palette.color(QPalette::Button));
+    const QRectF slider = subControlRect(CC_ScrollBar, bar, SC_ScrollBarSlider, widget);
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(strengthened(groove, groove, bar->palette.color(QPalette::ButtonText), visibleContrast));
+    painter->drawRoundedRect(slider.adjusted(sliderMargin, sliderMargin, -sliderMargin, -sliderMargin), cornerRadius,
+                             cornerRadius);
+    painter->restore();
 }

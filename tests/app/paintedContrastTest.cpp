@@ -84,6 +84,18 @@ TEST_P(PaintedContrast, ofTheHistory) {
     EXPECT_GE(paintedContrast(history->viewport(), QRect(12, 14, 30, 15)), readable) << "selected";
 }
 
+TEST_P(PaintedContrast, ofTheScrollBar) {
+    for (int i = 0; i < 20; ++i) QTest::keyClicks(document.formulaTextView(), "1\r");
+    QCoreApplication::processEvents();
+    QScrollBar* const bar = document.mainField()->verticalScrollBar();
+    ASSERT_GT(bar->maximum(), 0);
+    const QImage image = bar->grab().toImage();
+    QList<QColor> colors;  // from the groove into the slider
+    for (int y = bar->height() / 6; y < bar->height() * 5 / 6; ++y)
+        colors.append(image.pixelColor(bar->width() / 2, y));
+    EXPECT_GE(edgeContrast(colors), visible);
+}
+
 TEST_P(PaintedContrast, ofTheEmptyHistory) {
     document.clearEverything();
     EXPECT_GE(paintedContrast(document.mainField()->viewport()), readable);
