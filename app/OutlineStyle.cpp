@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <QPainter>
 #include <QStyleOption>
-#include <algorithm>
+#include <memory>
 
 #include "ui/document/contrast.h"
 
@@ -54,7 +54,9 @@ OutlineStyle::OutlineStyle() : QProxyStyle(QLatin1String(fusionName)) {}
 
 void OutlineStyle::install() {
     if (QApplication::style()->name() != QLatin1String(fusionName)) return;
-    if (qobject_cast<OutlineStyle*>(QApplication::style()) == nullptr) QApplication::setStyle(new OutlineStyle);
+    if (qobject_cast<OutlineStyle*>(QApplication::style()) != nullptr) return;
+    std::unique_ptr<QStyle> style(new OutlineStyle);
+    QApplication::setStyle(style.release());
 }
 
 const QPalette& OutlineStyle::outlinedPalette(const QPalette& palette) const {

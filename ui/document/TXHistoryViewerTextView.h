@@ -119,7 +119,7 @@ private:
     void wrapAnywhereIfNeededFor(const QString& line);
     bool isScrolledToEnd() const;
     int positionInSight() const;
-    void showInReadableColor(const QTextBlock& line) const;
+    bool showInReadableColor(const QTextBlock& line) const;  ///< Whether that changed the line.
     void showAllInReadableColors();
     void followPalette();
     void showMatch();

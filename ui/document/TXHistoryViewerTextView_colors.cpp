@@ -30,9 +30,9 @@ QColor TXHistoryViewerTextView::shownColor(LineKind kind, const QColor& settled,
 }
 
 // As a format of the layout, which is no part of the text: whatever is taken from the text has its own colours.
-void TXHistoryViewerTextView::showInReadableColor(const QTextBlock& line) const {
+bool TXHistoryViewerTextView::showInReadableColor(const QTextBlock& line) const {
     const int kind = line.blockFormat().intProperty(lineKindProperty);
-    if (kind == 0) return;
+    if (kind == 0) return false;
     const QColor settled = line.begin().fragment().charFormat().foreground().color();
     const QColor shown = shownColor(static_cast<LineKind>(kind), settled, palette());
     QList<QTextLayout::FormatRange> formats;
@@ -41,12 +41,17 @@ void TXHistoryViewerTextView::showInReadableColor(const QTextBlock& line) const 
         format.setForeground(shown);
         formats.append({0, line.length(), format});
     }
+    if (formats == line.layout()->formats()) return false;
     line.layout()->setFormats(formats);
+    return true;
 }
 
 void TXHistoryViewerTextView::showAllInReadableColors() {
-    for (QTextBlock line = document()->begin(); line.isValid(); line = line.next()) showInReadableColor(line);
-    document()->markContentsDirty(0, document()->characterCount());
+    bool hasChanged = false;
+    for (QTextBlock line = document()->begin(); line.isValid(); line = line.next()) {
+        hasChanged |= showInReadableColor(line);
+    }
+    if (hasChanged) document()->markContentsDirty(0, document()->characterCount());
 }
 
 // Laying out all lines takes time, so it is left to changes that they show.
