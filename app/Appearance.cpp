@@ -83,6 +83,8 @@ QPalette paletteFor(Appearance::Choice choice, const QPalette& desktops, bool is
 Appearance::Appearance(const ColorScheme& scheme) : scheme_(scheme) {
     connect(&scheme, &ColorScheme::changed, this, &Appearance::show);
     QCoreApplication::instance()->installEventFilter(this);
+    reading_.setSingleShot(true);
+    connect(&reading_, &QTimer::timeout, this, &Appearance::readDesktopsPalette);
     readDesktopsPalette();
 }
 
@@ -109,16 +111,12 @@ QPalette Appearance::darkPalette() { return paletteOf(&RoleColors::dark); }
 
 // Every window tells of a change, which is to be taken over once, when all have.
 bool Appearance::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::ThemeChange && !isToRead_) {
-        isToRead_ = true;
-        QMetaObject::invokeMethod(this, &Appearance::readDesktopsPalette, Qt::QueuedConnection);
-    }
+    if (event->type() == QEvent::ThemeChange) reading_.start();
     return QObject::eventFilter(watched, event);
 }
 
 // It is seen as long as no other one is shown.
 void Appearance::readDesktopsPalette() {
-    isToRead_ = false;
     QApplication::setPalette(QPalette());
     desktopsPalette_ = QApplication::palette();
     show();

@@ -2,7 +2,7 @@
 
 #include <QObject>
 #include <QPalette>
-#include <QString>
+#include <QTimer>
 
 class ColorScheme;
 
@@ -39,5 +39,5 @@ private:
 
     const ColorScheme& scheme_;
     QPalette desktopsPalette_;
-    bool isToRead_ = false;
+    QTimer reading_;  ///< Runs out once all windows know of another palette.
 };

@@ -7,6 +7,7 @@
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
 #include <QSignalSpy>
+#include <utility>
 
 #include <QtTest/QTest>
 #include <gtest/gtest.h>
@@ -43,7 +44,7 @@ class Portal : public QObject {
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
 
 public:
-    Portal(const QDBusConnection& bus, uint value) : bus_(bus), value_(value) {
+    Portal(QDBusConnection bus, uint value) : bus_(std::move(bus)), value_(value) {
         bus_.registerObject("/org/freedesktop/portal/desktop", this,
                             QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals);
         EXPECT_TRUE(bus_.registerService("org.freedesktop.portal.Desktop"));
@@ -65,7 +66,7 @@ public slots:
     }
 
 signals:
-    // NOLINTNEXTLINE(readability-identifier-naming): its name on the bus.
+    // NOLINTNEXTLINE(readability-identifier-naming, readability-inconsistent-declaration-parameter-name)
     void SettingChanged(const QString& group, const QString& key, const QDBusVariant& value);
 
 private:
