@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QPainter>
 #include <QStyleOption>
-#include <memory>
 
 #include "ui/document/contrast.h"
 
@@ -55,9 +54,8 @@ OutlineStyle::OutlineStyle() : QProxyStyle(QLatin1String(fusionName)) {}
 void OutlineStyle::install() {
     if (QApplication::style()->name() != QLatin1String(fusionName)) return;
     if (qobject_cast<OutlineStyle*>(QApplication::style()) != nullptr) return;
-    std::unique_ptr<QStyle> style(new OutlineStyle);
-    QApplication::setStyle(style.release());
-}
+    QApplication::setStyle(new OutlineStyle);
+}  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the application owns it.
 
 const QPalette& OutlineStyle::outlinedPalette(const QPalette& palette) const {
     const auto known = outlinedPalettes_.constFind(palette.cacheKey());
