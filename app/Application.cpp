@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 
 #include "app/MainMenu.h"
+#include "app/OutlineStyle.h"
 #include "ui/document/MyDocument.h"
 
 void Application::introduce() {
@@ -16,6 +17,8 @@ void Application::introduce() {
 }
 
 Application::Application() {
+    OutlineStyle::install();
+    connect(&preferences_, &AppPreferencesController::colorsChosen, &appearance_, &Appearance::setChoice);
     connect(&documents_, &DocumentController::documentMade, this,
             [this](MyDocument* document) { MainMenu::fill(*document, documents_, preferences_); });
 #ifndef Q_OS_MACOS

@@ -3,9 +3,11 @@
 #include <QObject>
 
 #include "app/AppPreferencesController.h"
+#include "app/Appearance.h"
+#include "app/ColorScheme.h"
 #include "app/DocumentController.h"
 
-/// The running program: the open documents, the preferences, and the menus that join them.
+/// The running program: the open documents, the preferences, its colours, and the menus that join them.
 class Application : public QObject {
     Q_OBJECT
 
@@ -23,6 +25,8 @@ public:
     AppPreferencesController& preferences() { return preferences_; }
 
 private:
+    ColorScheme colorScheme_;
+    Appearance appearance_{colorScheme_};
     DocumentController documents_;
     AppPreferencesController preferences_{documents_};
 };

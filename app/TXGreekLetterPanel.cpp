@@ -13,6 +13,7 @@
 #include "ui/document/MyDocument.h"
 #include "ui/document/TXFormulaEnteringTextView.h"
 #include "ui/document/TXWindow.h"
+#include "ui/document/contrast.h"
 #include "ui_TXGreekLetterPanel.h"
 
 namespace {
@@ -30,11 +31,10 @@ protected:
     void paintEvent(QPaintEvent* event) override {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        const QColor color = palette().color(QPalette::Highlight);
-        QColor wash = color;
+        QColor wash = palette().color(QPalette::Highlight);
         wash.setAlphaF(washOpacity);
         painter.setBrush(underMouse() ? QBrush(wash) : QBrush(Qt::NoBrush));
-        painter.setPen(hasFocus() ? QPen(color, ringWidth) : QPen(Qt::NoPen));
+        painter.setPen(hasFocus() ? QPen(focusMarkColor(palette()), ringWidth) : QPen(Qt::NoPen));
         painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), cornerRadius, cornerRadius);
         painter.end();
         QPushButton::paintEvent(event);

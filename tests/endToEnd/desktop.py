@@ -297,6 +297,40 @@ class Desktop:
             raise Timeout("no picture: " + result.stderr)
 
 
+    def color(self, window, x, y):
+        """The colour of one pixel of a window, as "#36363A"."""
+        left, top, _, _ = self.place(window)
+        text = self._output("import", "-window", "root", "-crop", f"1x1+{left + x}+{top + y}", "-depth", "8", "txt:-")
+        return re.search(r"#[0-9A-F]{6}", text)[0]
+
+    def wait_for_color(self, window, place, color):
+        self._wait_for(lambda: self.color(window, *place) == color, f"{color} in a window")
+
+
+class Portal:
+    """A desktop's portal that says whether the desktop is dark."""
+
+    def __init__(self, desktop, value):
+        self.desktop = desktop
+        self.command = ["/usr/bin/python3", "-B", pathlib.Path(__file__).with_name("portal.py"), str(value)]
+
+    def __enter__(self):
+        self.process = subprocess.Popen(self.command, env=self.desktop.environment, stdin=subprocess.PIPE,
+                                        stdout=subprocess.PIPE, text=True)
+        if self.process.stdout.readline() != "ready\n":
+            raise Timeout("the portal did not start")
+        return self
+
+    def __exit__(self, *_):
+        self.process.stdin.close()
+        self.process.wait(PATIENCE)
+        self.process.stdout.close()
+
+    def change(self, value):
+        self.process.stdin.write(f"{value}\n")
+        self.process.stdin.flush()
+
+
 class Program:
     """A program on a desktop, from its start to its end."""
 

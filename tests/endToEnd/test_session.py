@@ -2,9 +2,10 @@
 
 import os
 import unittest
+import unittest.mock
 
 from accessibility import AccessibleDesktop
-from desktop import Desktop, Program, Timeout, wait_for
+from desktop import Desktop, Portal, Program, Timeout, wait_for
 
 FIRST = "Untitled — Tallix"
 SECOND = "Untitled 2 — Tallix"
@@ -683,6 +684,58 @@ class Accessibility(SessionTest):
         self.assert_described("Answer", "0xC0E4")
         self.assert_described("Format", "deg Hexadecimal")
         self.assert_quits_after("ctrl+q")
+
+
+class Colors(DesktopTest):
+    """Light and dark windows, by the desktop's wish or by the user's."""
+
+    PLACE = (60, 400)  # in the sidebar, below its rows
+    LIGHT, DARK = "#EFEFEF", "#36363A"
+    WHITE, BLUE, YELLOW = "255,255,255", "0,0,96", "255,255,0"
+
+    def assert_color(self, color):
+        self.desktop.wait_for_color(self.desktop.active_window(), self.PLACE, color)
+
+    def test_are_light_without_a_wish(self):
+        self.start()
+        self.assert_color(self.LIGHT)
+
+    def test_follow_the_portal(self):
+        with Portal(self.desktop, 1) as portal:
+            self.start()
+            self.assert_color(self.DARK)
+            portal.change(2)
+            self.assert_color(self.LIGHT)
+            portal.change(1)
+            self.assert_color(self.DARK)
+            self.desktop.key("ctrl+q")
+            self.assertEqual(self.program.outcome(), (0, ""))
+
+    def test_are_chosen_in_the_preferences_and_kept(self):
+        desktop = self.desktop
+        self.start()
+        window = desktop.active_window()
+        desktop.key("ctrl+comma")
+        desktop.wait_for_window("Preferences — Tallix")
+        desktop.key("alt+o", "End")
+        desktop.wait_for_color(window, self.PLACE, self.DARK)
+        desktop.key("Escape")
+        desktop.wait_for_window(FIRST)
+        desktop.key("ctrl+q")
+        self.assertEqual(self.program.outcome(), (0, ""))
+        self.start()
+        self.assert_color(self.DARK)
+
+    def test_of_a_desktop_with_a_palette_are_kept(self):
+        colors = f"BackgroundNormal={self.BLUE}\nForegroundNormal={self.WHITE}\n"
+        groups = "".join(f"[Colors:{group}]\n{colors}" for group in ("View", "Window", "Button", "Tooltip"))
+        chosen = f"[Colors:Selection]\nBackgroundNormal={self.YELLOW}\nForegroundNormal={self.BLUE}\n"
+        (self.desktop.settings / "kdeglobals").write_text(groups + chosen)
+        self.enterContext(unittest.mock.patch.dict(self.desktop.environment,
+                                                   {"XDG_CURRENT_DESKTOP": "KDE", "KDE_SESSION_VERSION": "5"}))
+        with Portal(self.desktop, 1):
+            self.start()
+            self.assert_color("#000060")
 
 
 class Settings(DesktopTest):

@@ -68,7 +68,6 @@ void MyDocument::loadWindows() {
     mainField()->awakeFromNib();
     mainField()->setParentDocument(this);
     ui_->secondaryControlledView->setBackgroundRole(QPalette::Base);  // one sheet with the history
-    ui_->bottomBarLine->setBackgroundRole(QPalette::Mid);
     prepareFormatControls();
     prepareMiniWindow();
     prepareSidebar();

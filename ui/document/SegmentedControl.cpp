@@ -9,6 +9,8 @@
 #include <QRadioButton>
 #include <algorithm>
 
+#include "ui/document/contrast.h"
+
 namespace {
 
 constexpr int segmentCount = 2;
@@ -16,7 +18,7 @@ constexpr int lowestHeight = 26;
 constexpr int heightPadding = 8;
 constexpr int sidePadding = 12;
 constexpr qreal cornerRadius = 4.0;
-constexpr float outlineOpacity = 0.3F;
+constexpr int outlineOpacity = 77;  // 30 %
 constexpr int hoverFactor = 105;
 constexpr qreal ringWidth = 2.0;
 
@@ -58,6 +60,14 @@ private:
 QAccessibleInterface* makeGroup(const QString& /*className*/, QObject* object) {
     auto* control = qobject_cast<SegmentedControl*>(object);
     return control != nullptr ? new QAccessibleWidget(control, QAccessible::Grouping) : nullptr;
+}
+
+/// A part of the text's colour, and as much more of it as an outline needs to be seen.
+QColor outlineColor(const QPalette& palette) {
+    const QColor text = palette.color(QPalette::WindowText);
+    QColor outline = text;
+    outline.setAlpha(outlineOpacity);
+    return strengthened(outline, palette.color(QPalette::Window), text, visibleContrast);
 }
 
 QColor lightened(const QColor& color) { return color.lighter(hoverFactor); }
@@ -116,13 +126,11 @@ void SegmentedControl::paintEvent(QPaintEvent* /*event*/) {
     }
     painter.setClipping(false);
 
-    QColor outline = palette().color(QPalette::WindowText);
-    outline.setAlphaF(outlineOpacity);
-    painter.setPen(QPen(outline, 1.0));
+    painter.setPen(QPen(outlineColor(palette()), 1.0));
     painter.drawRoundedRect(box().adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius, cornerRadius);
     if (!hasFocus) return;
     const qreal half = ringWidth / 2;
-    painter.setPen(QPen(palette().color(QPalette::Highlight), ringWidth));
+    painter.setPen(QPen(focusMarkColor(palette()), ringWidth));
     painter.drawRoundedRect(box().adjusted(-half, -half, half, half), cornerRadius + half, cornerRadius + half);
 }
 
