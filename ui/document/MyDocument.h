@@ -34,6 +34,7 @@ class TXHistoryViewerTextView;
 class TXOutlineView;
 class TXVariableOutlineViewController;
 class TXWindow;
+class UserDefaults;
 
 namespace Ui {
 class MiniWindow;
@@ -186,6 +187,11 @@ public:
     /// To be told after the full window changed its size: gives the sidebar its width back and the entry its height.
     void windowDidResize();
 
+    // MyDocument_layout.cpp
+    /// Stores the full window's place, its panes and the size of its text for the documents that are made from now on.
+    /// The window does it by itself when another one gets active, and when it is closed.
+    void rememberLayout() const;
+
     TXWindow* documentWindow() const { return documentWindow_.get(); }
     QWidget* miniWindow() const { return miniWindow_.get(); }
     /// The window in use: the full or the mini one.
@@ -272,7 +278,12 @@ private:
     void forgetClearedHistory();
     void goOnFinding(FindFrom from);
     void showMatch(FindFrom from);
+    void takeLastLayout();
+    void takeLastPlace(const UserDefaults& defaults);
+    void takeLastPanes(const UserDefaults& defaults);
     void takeTextSize();
+    void rememberTextSize(UserDefaults* defaults) const;
+    int growthOfEntryLine() const;
     void showTextSize();
     bool changeTextSizeByWheel(const QWheelEvent& event);
     void showSidebarForTheFirstTime();
@@ -323,6 +334,7 @@ private:
     bool isBeingResized_ = false;
     std::unique_ptr<TXVariableOutlineViewController> variableOutlineViewController_;
     int textSize_ = normalTextSize;
+    int normalLineHeight_ = 0;
     int wheelMovement_ = 0;    ///< Less than a step of the wheel.
     QString lineWhenCleared_;  ///< When the history was cleared.
     bool keepsMiniWindowOnTop_ = false;
