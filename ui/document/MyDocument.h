@@ -16,6 +16,7 @@
 #include "ui/document/TXFormulaScrollerController.h"
 
 class FindBar;
+class HistoryPages;
 class MiniModeAnswerField;
 class PullDownButton;
 class QAction;
@@ -23,6 +24,7 @@ class QActionGroup;
 class QKeyEvent;
 class QMenu;
 class QPagedPaintDevice;
+class QPrinter;
 class QSplitter;
 class QWheelEvent;
 class SegmentedControl;
@@ -133,8 +135,10 @@ public:
 
     /// Asks how to print the history, in a sheet of the window, and prints it.
     void printDocument() const;
-    /// Prints the history, in its normal size whatever its size in the window.
-    void printHistory(QPagedPaintDevice* printer) const;
+    /// Prints the history, in its normal size whatever its size in the window. Whether it could be printed.
+    bool printHistory(QPagedPaintDevice* device) const;
+    /// Prints it as the printer is set up, and says in an alert why it could not be printed.
+    void printHistoryOn(QPrinter* printer) const;
     /// Asks whether to forget everything, in a sheet of the window, and does it.
     void askToClearEverything();
     /// Begins anew: forgets the session's variables and equations, the history and the scrollback, and empties the
@@ -314,6 +318,7 @@ private:
     bool isZoomRequest(const QObject* window, const QEvent& event) const;
     void refreshMiniModeFormatLabel();
     void showMiniModeMenu(const QPoint& position);
+    HistoryPages historyPages() const;
     void showSorry(const QString& message);
 
     std::unique_ptr<Ui::MyDocument> ui_;
