@@ -159,6 +159,7 @@ bool MyDocument::eventFilter(QObject* watched, QEvent* event) {
         emit closed();
     }
     if (isZoomRequest(watched, *event)) emit zoomRequested();
+    if (watched == documentWindow_.get() && event->type() == QEvent::LayoutRequest) keepRoomForControls();
     if (event->type() == QEvent::Resize) followResizing(watched);
     if (event->type() == QEvent::Wheel && changeTextSizeByWheel(static_cast<const QWheelEvent&>(*event))) return true;
     return QObject::eventFilter(watched, event);

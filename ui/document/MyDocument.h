@@ -283,6 +283,7 @@ private:
     void goOnFinding(FindFrom from);
     void showMatch(FindFrom from);
     void takeLastLayout();
+    void keepRoomForControls();
     void takeLastPlace(const UserDefaults& defaults);
     void takeLastPanes(const UserDefaults& defaults);
     void takeTextSize();
@@ -340,6 +341,7 @@ private:
     std::unique_ptr<TXVariableOutlineViewController> variableOutlineViewController_;
     int textSize_ = normalTextSize;
     int normalLineHeight_ = 0;
+    QSize smallestSize_;       ///< Of the full window, whatever the font.
     int wheelMovement_ = 0;    ///< Less than a step of the wheel.
     QString lineWhenCleared_;  ///< When the history was cleared.
     bool keepsMiniWindowOnTop_ = false;

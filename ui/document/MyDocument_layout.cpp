@@ -31,6 +31,8 @@ int storedLength(const UserDefaults& defaults, const char* key, int fallback, in
 // After everything has the size that it has on the first day.
 void MyDocument::takeLastLayout() {
     const UserDefaults defaults;
+    smallestSize_ = documentWindow()->minimumSize();
+    keepRoomForControls();
     takeLastPlace(defaults);
     takeTextSize();
     takeLastPanes(defaults);
@@ -39,12 +41,20 @@ void MyDocument::takeLastLayout() {
 void MyDocument::takeLastPlace(const UserDefaults& defaults) {
     const int titleBarHeight = documentWindow()->style()->pixelMetric(QStyle::PM_TitleBarHeight);
     const QRect place = movedOntoScreen(defaults.interfaceValueForKey(placeKey).toRect(), titleBarHeight);
-    if (place.isEmpty()) return;
-    if (canPlaceWindows(QGuiApplication::platformName())) {
+    if (place.isEmpty()) {
+        documentWindow()->resize(fittedToScreen(documentWindow()->size(), titleBarHeight));
+    } else if (canPlaceWindows(QGuiApplication::platformName())) {
         documentWindow()->setGeometry(place);
     } else {
         documentWindow()->resize(place.size());
     }
+}
+
+// With a large font of the desktop, the controls below the entry need more than the smallest width, and then they get
+// it.
+void MyDocument::keepRoomForControls() {
+    const QSize needed = documentWindow()->minimumSizeHint().expandedTo(smallestSize_);
+    if (needed != documentWindow()->minimumSize()) documentWindow()->setMinimumSize(needed);
 }
 
 // The height of the entry's pane is remembered without what a larger text adds to it.

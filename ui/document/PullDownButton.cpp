@@ -43,7 +43,7 @@ QSize PullDownButton::sizeHint() const {
 }
 
 QSize PullDownButton::minimumSizeHint() const {
-    const int width = widthFor(fontMetrics().horizontalAdvance(QStringLiteral("MMM…")));
+    const int width = widthFor(fontMetrics().horizontalAdvance(QStringLiteral("M…")));
     return {width, std::max(lowestHeight, fontMetrics().height() + heightPadding)};
 }
 

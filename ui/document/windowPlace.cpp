@@ -30,4 +30,9 @@ QRect movedOntoScreen(QRect place, int titleBarHeight) {
     return place;
 }
 
+QSize fittedToScreen(const QSize& size, int titleBarHeight) {
+    const QSize room = QGuiApplication::primaryScreen()->availableSize() - QSize(0, titleBarHeight);
+    return size.boundedTo(room);
+}
+
 bool canPlaceWindows(const QString& platform) { return !platform.startsWith(u"wayland"); }
