@@ -73,6 +73,7 @@ TXGreekLetterPanel::TXGreekLetterPanel(MyDocument& document)
     ui_->setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
     setAttribute(Qt::WA_ShowWithoutActivating);
+    setLayoutDirection(Qt::LeftToRight);  // The alphabet is, and the arrow keys with it.
     for (const NamedCharacter& letter : greekLetters()) addLetter(letter.character, tr(letter.name));
     layout()->setSizeConstraint(QLayout::SetFixedSize);
     connect(&document, &MyDocument::miniModeChanged, this, &TXGreekLetterPanel::stayAboveWindowInUse);

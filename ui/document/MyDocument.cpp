@@ -85,6 +85,15 @@ void MyDocument::loadWindows() {
         entry->awakeFromNib();
     }
     fixHeightOfMiniWindow();
+    keepEquationsLeftToRight();
+}
+
+// On a mirrored desktop, too: what is around them is mirrored.
+void MyDocument::keepEquationsLeftToRight() {
+    for (QWidget* view :
+         std::initializer_list<QWidget*>{secondaryControlledView(), miniModeformulaTextView(), miniModeAnswerField()}) {
+        view->setLayoutDirection(Qt::LeftToRight);
+    }
 }
 
 // The mini window is dark on every desktop.

@@ -294,6 +294,7 @@ private:
     void showSidebarForTheFirstTime();
     void followResizing(const QObject* watched);
     void fixHeightOfMiniWindow();
+    void keepEquationsLeftToRight();
     void takeUserDefaults();
     QString variableNameOf(const TXResult& result) const;
     void copyAnswer(const TXNumberFormatterSettings& settings) const;
