@@ -44,6 +44,9 @@ PreferenceController::PreferenceController(DocumentController& documents)
             [this] { changeExponentCharacter(exponentialCharacterComboBox()); });
     connect(degreesOrRadians(), &QComboBox::activated, this,
             [this] { changeDefaultDocumentAngleUnits(degreesOrRadians()); });
+    for (const QCheckBox* box : {showsAnswerBox(), suggestsNamesBox(), colorsEquationBox()}) {
+        connect(box, &QCheckBox::clicked, this, &PreferenceController::changeEntryOptions);
+    }
     connect(ui_->closeButton, &QPushButton::clicked, window_.get(), &QDialog::close);
 }
 
@@ -66,6 +69,10 @@ void PreferenceController::windowDidLoad() {
     thousandsSeparatorsBox()->setCurrentIndex(indexOfSeparator(separator));
     exponentialCharacterComboBox()->setCurrentIndex(isCapital ? capitalExponentIndex : smallExponentIndex);
     degreesOrRadians()->setCurrentIndex(isRadians ? radiansIndex : degreesIndex);
+    const EntryOptions options = EntryOptions::stored();
+    showsAnswerBox()->setChecked(options.showsAnswer);
+    suggestsNamesBox()->setChecked(options.suggestsNames);
+    colorsEquationBox()->setChecked(options.colorsEquation);
 }
 
 void PreferenceController::showWindow() {
@@ -90,8 +97,21 @@ void PreferenceController::changeDefaultDocumentAngleUnits(const QComboBox* popU
     UserDefaults().setBool(popUp->currentIndex() == radiansIndex, TXUserDefaultsKey::usesRadiansForNewDocuments);
 }
 
+void PreferenceController::changeEntryOptions() {
+    const EntryOptions options{showsAnswerBox()->isChecked(), suggestsNamesBox()->isChecked(),
+                               colorsEquationBox()->isChecked()};
+    options.store();
+    for (MyDocument* document : documents_.documents()) document->setEntryOptions(options);
+}
+
 QComboBox* PreferenceController::thousandsSeparatorsBox() const { return ui_->thousandsSeparatorsBox; }
 
 QComboBox* PreferenceController::exponentialCharacterComboBox() const { return ui_->exponentialCharacterComboBox; }
 
 QComboBox* PreferenceController::degreesOrRadians() const { return ui_->degreesOrRadians; }
+
+QCheckBox* PreferenceController::showsAnswerBox() const { return ui_->showsAnswerBox; }
+
+QCheckBox* PreferenceController::suggestsNamesBox() const { return ui_->suggestsNamesBox; }
+
+QCheckBox* PreferenceController::colorsEquationBox() const { return ui_->colorsEquationBox; }

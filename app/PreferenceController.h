@@ -33,6 +33,8 @@ public:
     void changeExponentCharacter(const QComboBox* popUp);
     /// Counts for documents that are made from now on: open ones stay as they are.
     void changeDefaultDocumentAngleUnits(const QComboBox* popUp);
+    /// What helps in the entry line, as the three check boxes say. It counts for open documents too.
+    void changeEntryOptions();
 
     /// These two have no behaviour and no place in the window: nullptr.
     QWidget* colorWell() const { return colorWell_; }
@@ -40,6 +42,9 @@ public:
     QComboBox* thousandsSeparatorsBox() const;
     QComboBox* exponentialCharacterComboBox() const;
     QComboBox* degreesOrRadians() const;
+    QCheckBox* showsAnswerBox() const;
+    QCheckBox* suggestsNamesBox() const;
+    QCheckBox* colorsEquationBox() const;
 
 signals:
     // The position that was chosen. The open documents have it with these signals, and it is stored afterwards.

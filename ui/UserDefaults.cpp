@@ -30,6 +30,13 @@ QString storePath() {
 
 QString interfaceKey(const QString& key) { return "interface/" + key; }
 
+bool booleanOf(const QVariant& value, bool fallback) {
+    const QString text = isSingle(value) ? value.toString().toLower() : QString();
+    if (text == "true" || text == "1") return true;
+    if (text == "false" || text == "0") return false;
+    return fallback;
+}
+
 }  // namespace
 
 // By its path, since what is stored for all users or for all programs of the organisation is none of this user's
@@ -50,12 +57,7 @@ QString UserDefaults::stringForKey(const char* key) const {
 
 void UserDefaults::setString(const QString& text, const char* key) { settings_.setValue(key, text); }
 
-bool UserDefaults::boolForKey(const char* key, bool fallback) const {
-    const QString text = stringForKey(key).toLower();
-    if (text == "true" || text == "1") return true;
-    if (text == "false" || text == "0") return false;
-    return fallback;
-}
+bool UserDefaults::boolForKey(const char* key, bool fallback) const { return booleanOf(valueForKey(key), fallback); }
 
 void UserDefaults::setBool(bool isTrue, const char* key) { settings_.setValue(key, isTrue); }
 
@@ -63,6 +65,10 @@ QVariant UserDefaults::interfaceValueForKey(const QString& key) const { return v
 
 void UserDefaults::setInterfaceValue(const QVariant& value, const QString& key) {
     settings_.setValue(interfaceKey(key), value);
+}
+
+bool UserDefaults::interfaceBoolForKey(const QString& key, bool fallback) const {
+    return booleanOf(valueForKey(interfaceKey(key)), fallback);
 }
 
 QVariant UserDefaults::valueForKey(const QString& key) const {

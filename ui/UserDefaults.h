@@ -40,6 +40,8 @@ public:
     /// What the windows remember has a group of its own, `interface`: nothing there is one of the choices above.
     QVariant interfaceValueForKey(const QString& key) const;
     void setInterfaceValue(const QVariant& value, const QString& key);
+    /// The Boolean under `key` there; `fallback` when there is none.
+    bool interfaceBoolForKey(const QString& key, bool fallback) const;
 
 private:
     QVariant valueForKey(const QString& key) const;

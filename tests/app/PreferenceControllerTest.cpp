@@ -2,6 +2,7 @@
 
 #include "app/PreferenceController.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
 #include <QLabel>
@@ -48,6 +49,30 @@ INSTANTIATE_TEST_SUITE_P(Stored, Shown, testing::Values(
     ShownCase{"NoAngleUnit",    "TXUsesRadiansForNewDocuments=banana\n",       0, 0, 0}
 ), [](const auto& row) { return row.param.name; });
 // clang-format on
+
+TEST(PreferenceController, offersWhatHelpsInTheEntry) {
+    const SettingsFolder settings;
+    settings.write("[interface]\nsuggestNames=false\ncolorEquation=nonsense\n");
+    DocumentController documents;
+    const PreferenceController controller(documents);
+    EXPECT_TRUE(controller.showsAnswerBox()->isChecked());
+    EXPECT_FALSE(controller.suggestsNamesBox()->isChecked());
+    EXPECT_FALSE(controller.colorsEquationBox()->isChecked());
+}
+
+TEST(PreferenceController, changesWhatHelpsInOpenAndNewDocuments) {
+    const SettingsFolder settings;
+    DocumentController documents;
+    PreferenceController controller(documents);
+    const MyDocument& open = documents.newDocument();
+    controller.showWindow();
+    QTest::keyClick(controller.colorsEquationBox(), Qt::Key_Space);
+    EXPECT_EQ(open.entryOptions(), (EntryOptions{true, true, true}));
+    QTest::mouseClick(controller.showsAnswerBox(), Qt::LeftButton, Qt::NoModifier, QPoint(8, 8));
+    EXPECT_EQ(open.entryOptions(), (EntryOptions{false, true, true}));
+    EXPECT_EQ(EntryOptions::stored(), open.entryOptions());
+    EXPECT_EQ(documents.newDocument().entryOptions(), open.entryOptions());
+}
 
 TEST(PreferenceController, namesItsChoices) {
     const SettingsFolder settings;

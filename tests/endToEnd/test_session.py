@@ -377,6 +377,61 @@ class Formats(SessionTest):
         self.assertEqual(desktop.history(), "1/8\n\t= 0.125\n\nans1+0\n\t= 12.5%")
 
 
+class HelpWhileTyping(SessionTest):
+    """Suggestions are a window of their own that never has the keyboard."""
+
+    def setUp(self):
+        super().setUp()
+        self.window = self.desktop.shown()
+
+    def wait_for_list(self, is_open=True):
+        wait_for(lambda: (self.desktop.shown() > self.window) == is_open, "suggestions" if is_open else "no suggestions")
+
+    def test_tab_takes_a_suggestion_and_the_line_goes_on(self):
+        self.desktop.type("9*sq")
+        self.wait_for_list()
+        self.desktop.key("Tab")
+        self.wait_for_list(False)
+        self.desktop.type("16)")
+        self.assertEqual(self.desktop.line(), "9*sqrt(16)")
+
+    def test_return_calculates_whatever_is_suggested(self):
+        self.desktop.enter("si=7")
+        self.desktop.type("si")
+        self.wait_for_list()
+        self.desktop.key("Down", "Return")
+        self.wait_for_list(False)
+        self.desktop.type("*2")
+        self.assertEqual(self.desktop.line(), "ans*2")
+        self.assertEqual(self.desktop.history(), "si=7\n\tsi = 7\n\nsi\n\t= 7")
+
+    def test_a_row_is_taken_with_a_click(self):
+        self.desktop.type("co")
+        self.wait_for_list()
+        list_window = (self.desktop.shown() - self.window).pop()
+        self.desktop.click(list_window, 30, 12)
+        self.wait_for_list(False)
+        self.desktop.type("0)")
+        self.assertEqual(self.desktop.line(), "cos(0)")
+
+    def test_escape_and_other_windows_close_the_list(self):
+        for keys in (["Escape"], ["alt+f", "Escape", "Escape"]):
+            self.desktop.type("si")
+            self.wait_for_list()
+            self.desktop.key(*keys)
+            self.wait_for_list(False)
+            self.assertEqual(self.desktop.line(), "si")
+            self.desktop.key("BackSpace")
+
+    def test_the_mini_window_has_them_too(self):
+        self.window = {self.change_window()}
+        self.desktop.type("9*sq")
+        self.wait_for_list()
+        self.desktop.key("Tab")
+        self.wait_for_list(False)
+        self.assertEqual(self.desktop.line(), "9*sqrt(")
+
+
 class Commands(SessionTest):
     """Commands by their keys, which reach them past the entry line and the window manager."""
 

@@ -79,6 +79,7 @@ void MyDocument::loadWindows() {
     prepareFindBar();
     prepareClearHistory();
     prepareMiniMode();
+    prepareHelp();
     for (TXFormulaEnteringTextView* entry :
          std::initializer_list<TXFormulaEnteringTextView*>{formulaTextView(), miniModeformulaTextView()}) {
         entry->setParentDocument(this);

@@ -13,6 +13,7 @@
 #include "engine/controller/TXEquationController.h"
 #include "format/TXNumberFormatter.h"
 #include "format/TXNumberFormatterSettings.h"
+#include "ui/document/EntryOptions.h"
 #include "ui/document/TXFormulaScrollerController.h"
 
 class FindBar;
@@ -28,7 +29,9 @@ class QPrinter;
 class QSplitter;
 class QWheelEvent;
 class SegmentedControl;
+enum class EquationPart;
 enum class FindFrom;
+struct NameSuggestion;
 struct StoredAnswer;
 class TXFormulaEnteringMiniModeTextField;
 class TXFormulaEnteringTextView;
@@ -103,6 +106,18 @@ public:
     /// Whether the history that was cleared can come back: as long as no line was changed or entered since.
     bool canUndoClearHistory() const;
     void undoClearHistory();
+
+    // MyDocument_help.cpp: what helps while a line is typed. Nothing of it changes the session.
+    const EntryOptions& entryOptions() const { return entryOptions_; }
+    void setEntryOptions(const EntryOptions& options);
+    /// "= 7", or "r = 2.5" for an assignment, in the present format; empty where the line has no answer.
+    QString previewOfLine(const QString& line);
+    /// "30*2 = 60" for a part of a line that is an expression of its own; or else empty.
+    QString previewOfPart(const QString& part);
+    /// So many names at most that begin so, whatever their case: variables with their values, then functions.
+    QList<NameSuggestion> suggestionsFor(QStringView beginning, int most) const;
+    /// Whether the name is a function's or that of a variable with a value.
+    std::optional<EquationPart> partOfName(QStringView name) const;
 
     // MyDocument_find.cpp: finding a text in the history.
     /// Opens the bar for what is to be found, in the full window.
@@ -262,11 +277,12 @@ signals:
     /// The other of the two windows is the one in use now.
     void miniModeChanged(bool isMini);
     void keepsMiniWindowOnTopChanged(bool isOnTop);
-    /// A line was entered, everything was cleared, or answers are written in another way.
+    /// A line was entered, everything was cleared, or answers are computed or written in another way.
     void sessionChanged();
     /// The history was cleared, or can no longer come back.
     void canUndoClearHistoryChanged();
     void textSizeChanged(int percent);
+    void entryOptionsChanged();
     /// The window manager made a window large that should give way to the other one.
     void zoomRequested();
 
@@ -279,6 +295,9 @@ private:
     void prepareSidebar();
     void prepareFindBar();
     void prepareClearHistory();
+    void prepareHelp();
+    QString formatted(double number) const;
+    void suggestVariables(QStringView beginning, int most, QList<NameSuggestion>& suggestions) const;
     void forgetClearedHistory();
     void goOnFinding(FindFrom from);
     void showMatch(FindFrom from);
@@ -340,6 +359,7 @@ private:
     bool isSmallWindowShown_ = false;
     bool isBeingResized_ = false;
     std::unique_ptr<TXVariableOutlineViewController> variableOutlineViewController_;
+    EntryOptions entryOptions_;
     int textSize_ = normalTextSize;
     int normalLineHeight_ = 0;
     QSize smallestSize_;       ///< Of the full window, whatever the font.

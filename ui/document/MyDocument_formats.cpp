@@ -222,6 +222,7 @@ void MyDocument::refreshDigitFormattingPopUpButtonTitle() {
 void MyDocument::changeDegreesRadians(const SegmentedControl* sender) {
     documentEquationController_.setUseRadians(sender->selectedSegment() == radiansSegment);
     refreshAngleUnit();
+    emit sessionChanged();
 }
 
 void MyDocument::refreshAngleUnit() {

@@ -55,6 +55,7 @@ TXFormulaEnteringTextView::TXFormulaEnteringTextView(QWidget* parent) : QPlainTe
 
     connect(this, &QPlainTextEdit::selectionChanged, this, &TXFormulaEnteringTextView::textViewDidChangeSelection);
     connect(this, &QPlainTextEdit::cursorPositionChanged, this, &TXFormulaEnteringTextView::textViewDidChangeSelection);
+    prepareMarks();
 }
 
 void TXFormulaEnteringTextView::awakeFromNib() {
@@ -114,6 +115,16 @@ void TXFormulaEnteringTextView::insertThroughEditor(const QString& text) {
 void TXFormulaEnteringTextView::insertAtCaret(const QString& text) {
     QTextCursor cursor = textCursor();
     cursor.clearSelection();
+    insertInOneStep(cursor, asOneLine(text));
+    setTextCursor(cursor);
+    clearFlags();
+}
+
+void TXFormulaEnteringTextView::replaceAsTyped(qsizetype start, qsizetype end, const QString& text) {
+    const QScopedValueRollback typed(isBeingTyped_, true);
+    QTextCursor cursor = textCursor();
+    cursor.setPosition(static_cast<int>(start));
+    cursor.setPosition(static_cast<int>(end), QTextCursor::KeepAnchor);
     insertInOneStep(cursor, asOneLine(text));
     setTextCursor(cursor);
     clearFlags();
@@ -191,6 +202,7 @@ void TXFormulaEnteringTextView::resizeEvent(QResizeEvent* event) {
 
 void TXFormulaEnteringTextView::changeEvent(QEvent* event) {
     QPlainTextEdit::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) refreshMarks();
     if (event->type() != QEvent::FontChange && event->type() != QEvent::StyleChange) return;
     centreLine();
     updateGeometry();

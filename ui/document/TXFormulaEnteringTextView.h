@@ -1,9 +1,12 @@
 #pragma once
 
 #include <QPlainTextEdit>
+#include <optional>
 
 class MyDocument;
+class NameSuggestions;
 class QMenu;
+enum class EquationPart;
 
 /// The entry line of a document: one line of plain text that is calculated with Return.
 ///
@@ -57,10 +60,26 @@ public:
     /// it is.
     static QString asOneLine(const QString& text);
 
+    // TXFormulaEnteringTextView_help.cpp: marks in the line, and names that could be meant. Neither moves the caret.
+    /// Marks what stands in the line: each ")" without a "(", and where the user wants it, numbers and names.
+    void refreshMarks();
+    /// Suggests names for the word before the caret, or no longer.
+    void offerSuggestions();
+    void closeSuggestions();
+    /// The list of suggestions; nullptr before it was wanted.
+    NameSuggestions* suggestions() const { return suggestions_; }
+    /// Types `text` in place of the characters from `start` to before `end`. One step undoes it.
+    void replaceAsTyped(qsizetype start, qsizetype end, const QString& text);
+    // Where the line is, in the viewport: the left edge of a character, the upper edge, and the end of the text.
+    int leftOf(qsizetype position) const;
+    int lineTop() const;
+    int endOfText() const;
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
 protected:
+    void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     bool focusNextPrevChild(bool next) override;
@@ -84,9 +103,16 @@ private:
     void showComposition(QInputMethodEvent* event);
     int lineHeight() const;
     void centreLine();
+    void prepareMarks();
+    std::optional<EquationPart> partOf(QStringView name) const;
+    void paintBrackets();
+    QColor bracketColor() const;
+    void suggestAfter(bool wasTyping);
 
     MyDocument* parentDocument_ = nullptr;
     bool wasFormulaJustCalculated_ = false;
     bool permissibleToEnterTextFlag_ = false;
     bool isMovedByProgram_ = false;
+    bool isBeingTyped_ = false;
+    NameSuggestions* suggestions_ = nullptr;
 };

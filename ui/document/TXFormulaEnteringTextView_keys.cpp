@@ -11,6 +11,7 @@
 #include <array>
 
 #include "ui/document/MyDocument.h"
+#include "ui/document/NameSuggestions.h"
 
 namespace {
 
@@ -97,6 +98,8 @@ bool isKeypadDecimal(const QKeyEvent& event) {
 void TXFormulaEnteringTextView::keyPressEvent(QKeyEvent* event) {
     if (isModifierOrLock(event->key()) || isPartOfCharacter(event->key()) || isNamelessKey(*event)) {
         event->ignore();
+    } else if (suggestions_ != nullptr && suggestions_->takeKey(*event)) {
+        event->accept();
     } else if (event->matches(QKeySequence::Undo) && parentDocument_ != nullptr &&
                parentDocument_->canUndoClearHistory()) {
         parentDocument_->undoClearHistory();
@@ -120,9 +123,13 @@ void TXFormulaEnteringTextView::keyDown(QKeyEvent* event) {
         return;
     }
     wasFormulaJustCalculated_ = false;
-    interpretKey(event);
+    {
+        const QScopedValueRollback typed(isBeingTyped_, true);
+        interpretKey(event);
+    }
     // Only the first key after a calculation can bring "ans".
     if (!wasFormulaJustCalculated_) permissibleToEnterTextFlag_ = false;
+    suggestAfter(isTyping(*event) || event->key() == Qt::Key_Backspace);
 }
 
 bool TXFormulaEnteringTextView::isTyping(const QKeyEvent& event) {
@@ -160,6 +167,7 @@ void TXFormulaEnteringTextView::emptyLine(QKeyEvent* event) {
 
 // Tab leaves the line before it gets to be a key press.
 bool TXFormulaEnteringTextView::focusNextPrevChild(bool next) {
+    if (next && suggestions_ != nullptr && suggestions_->accept()) return true;
     clearFlags();
     return QPlainTextEdit::focusNextPrevChild(next);
 }
@@ -183,8 +191,12 @@ void TXFormulaEnteringTextView::inputMethodEvent(QInputMethodEvent* event) {
 
 void TXFormulaEnteringTextView::typeText(const QString& text) {
     wasFormulaJustCalculated_ = false;
-    insertText(text);
+    {
+        const QScopedValueRollback typed(isBeingTyped_, true);
+        insertText(text);
+    }
     if (!wasFormulaJustCalculated_) permissibleToEnterTextFlag_ = false;
+    suggestAfter(!text.startsWith(u'\n'));
 }
 
 // Text that is only being composed is not typed yet: "^" may be on its way, and must still bring "ans".
