@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QLocale>
 #include <cstdio>
 #include <string>
 #include <string_view>
@@ -32,6 +33,7 @@ int runApplication(char* programName) {
     char* arguments[] = {programName, nullptr};
     Application::introduce();
     const QApplication toolkit(argumentCount, static_cast<char**>(arguments));
+    QGuiApplication::setLayoutDirection(QLocale::system().textDirection());
     Application application;
     application.start();
     return QApplication::exec();

@@ -42,9 +42,13 @@ MyDocument::MyDocument(QObject* parent)
     init();
     loadWindows();
     windowControllerDidLoadNib();
+    takeLastLayout();
 }
 
 MyDocument::~MyDocument() {
+    // What happens to the windows from now on is only that they go.
+    documentWindow_->removeEventFilter(this);
+    miniWindow_->removeEventFilter(this);
     if (globalVariableArray == &documentEquationController_.variableArray()) globalVariableArray = nullptr;
 }
 
@@ -63,7 +67,7 @@ void MyDocument::loadWindows() {
     ui_->setupUi(documentWindow_.get());
     miniWindow_ = std::make_unique<QWidget>();
     miniUi_->setupUi(miniWindow_.get());
-    takeTextSize();
+    showTextSize();
 
     mainField()->awakeFromNib();
     mainField()->setParentDocument(this);
@@ -81,6 +85,15 @@ void MyDocument::loadWindows() {
         entry->awakeFromNib();
     }
     fixHeightOfMiniWindow();
+    keepEquationsLeftToRight();
+}
+
+// On a mirrored desktop, too: what is around them is mirrored.
+void MyDocument::keepEquationsLeftToRight() {
+    for (QWidget* view :
+         std::initializer_list<QWidget*>{secondaryControlledView(), miniModeformulaTextView(), miniModeAnswerField()}) {
+        view->setLayoutDirection(Qt::LeftToRight);
+    }
 }
 
 // The mini window is dark on every desktop.
@@ -148,11 +161,14 @@ void MyDocument::close() { activeWindow()->close(); }
 bool MyDocument::eventFilter(QObject* watched, QEvent* event) {
     const bool isWindow = watched == documentWindow_.get() || watched == miniWindow_.get();
     if (isWindow && event->type() == QEvent::WindowActivate) emit activated();
+    if (isWindow && event->type() == QEvent::WindowDeactivate) rememberLayout();
     if (isWindow && event->type() == QEvent::Close) {
+        if (activeWindow()->isActiveWindow()) rememberLayout();
         if (watched == miniWindow()) rememberMiniWindow(miniWindow()->geometry());
         emit closed();
     }
     if (isZoomRequest(watched, *event)) emit zoomRequested();
+    if (watched == documentWindow_.get() && event->type() == QEvent::LayoutRequest) keepRoomForControls();
     if (event->type() == QEvent::Resize) followResizing(watched);
     if (event->type() == QEvent::Wheel && changeTextSizeByWheel(static_cast<const QWheelEvent&>(*event))) return true;
     return QObject::eventFilter(watched, event);

@@ -27,6 +27,9 @@ void OutlineRowDelegate::initStyleOption(QStyleOptionViewItem* option, const QMo
     QStyledItemDelegate::initStyleOption(option, index);
     if (option->text.size() > longestShownText) option->text = option->text.left(longestShownText) + u'…';
     if (index.parent().isValid()) {
+        // A name and its number run from left to right, at whichever edge.
+        option->displayAlignment = QStyle::visualAlignment(option->direction, option->displayAlignment);
+        option->direction = Qt::LeftToRight;
         option->palette.setColor(QPalette::Text, option->palette.color(QPalette::WindowText));
     } else {
         option->font = titleFont(option->font);
@@ -48,5 +51,5 @@ QString OutlineRowDelegate::toolTipOf(const QString& text) {
     lines.chop(1);
     if (text.size() > longestToolTip) lines += u'…';
     // A tooltip would take some texts for markup.
-    return QStringLiteral("<p style='white-space:pre'>%1</p>").arg(lines.toHtmlEscaped());
+    return QStringLiteral("<p dir='ltr' style='white-space:pre'>%1</p>").arg(lines.toHtmlEscaped());
 }
