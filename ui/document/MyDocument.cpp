@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "ui/UserDefaults.h"
+#include "ui/document/EntryAccessible.h"
 #include "ui/document/MiniModeAnswerField.h"
 #include "ui/document/TXFormulaEnteringMiniModeTextField.h"
 #include "ui/document/TXFormulaEnteringTextView.h"
@@ -59,6 +60,7 @@ void MyDocument::init() {
 }
 
 void MyDocument::loadWindows() {
+    QAccessible::installFactory(&EntryAccessible::make);  // Once: it is known by its address.
     documentWindow_ = std::make_unique<TXWindow>();
     ui_->setupUi(documentWindow_.get());
     miniWindow_ = std::make_unique<QWidget>();

@@ -101,6 +101,7 @@ void MyDocument::clearEverything() {
     entry->setText(QString());
     entry->setWasFormulaJustCalculated(false);
     entry->setPermissibleToEnterTextFlag(false);
+    entry->setAccessibleDescription(QString());  // the last answer
     reloadSidebar();
     showLastAnswerInMiniWindow();
     emit canUndoClearHistoryChanged();
