@@ -584,7 +584,7 @@ class Accessibility(SessionTest):
 
     def assert_rows(self, *rows):
         """The rows of the answers in the sidebar."""
-        self.read("Variables", lambda tree: [row.name for row in tree.children if row.name.startswith("ans")] == list(rows))
+        self.read("Variables", lambda tree: [row.name for row in tree.all() if row.name.startswith("ans")] == list(rows))
 
     def test_every_control_has_a_name(self):
         roles = {"Equation": "text", "History": "text", "Variables": "tree", "Number format": "push button",

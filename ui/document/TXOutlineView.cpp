@@ -57,6 +57,8 @@ TXOutlineView::TXOutlineView(QWidget* parent) : QTreeView(parent) {
     setDropIndicatorShown(false);
     connect(this, &QTreeView::expanded, this, &TXOutlineView::showFolding);
     connect(this, &QTreeView::collapsed, this, &TXOutlineView::leaveFolded);
+    connect(this, &QTreeView::expanded, this, &TXOutlineView::tellFolding);
+    connect(this, &QTreeView::collapsed, this, &TXOutlineView::tellFolding);
 }
 
 TXOutlineView::~TXOutlineView() = default;
@@ -227,12 +229,35 @@ void TXOutlineView::selectionChanged(const QItemSelection& selected, const QItem
 // The tree's own would speak of rows that only it lays out.
 void TXOutlineView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     QAbstractItemView::currentChanged(current, previous);  // NOLINT(bugprone-parent-virtual-call)
-    if (!QAccessible::isActive() || !hasFocus()) return;
+    tellFocusedRow();
+}
+
+void TXOutlineView::focusInEvent(QFocusEvent* event) {
+    QTreeView::focusInEvent(event);
+    // After the toolkit has told that the whole tree got the focus.
+    QMetaObject::invokeMethod(this, &TXOutlineView::tellFocusedRow, Qt::QueuedConnection);
+}
+
+QAccessibleInterface* TXOutlineView::accessibleRow(const QModelIndex& index) {
     const auto* outline = dynamic_cast<OutlineAccessible*>(QAccessible::queryAccessibleInterface(this));
-    QAccessibleInterface* row = outline != nullptr ? outline->rowOf(current) : nullptr;
+    return outline != nullptr ? outline->rowOf(index) : nullptr;
+}
+
+void TXOutlineView::tellFocusedRow() {
+    QAccessibleInterface* row = QAccessible::isActive() && hasFocus() ? accessibleRow(currentIndex()) : nullptr;
     if (row == nullptr) return;
     QAccessibleEvent focused(row, QAccessible::Focus);
     QAccessible::updateAccessibility(&focused);
+}
+
+void TXOutlineView::tellFolding(const QModelIndex& group) {
+    QAccessibleInterface* row = QAccessible::isActive() ? accessibleRow(group) : nullptr;
+    if (row == nullptr) return;
+    QAccessible::State changed;
+    changed.expanded = true;
+    changed.collapsed = true;
+    QAccessibleStateChangeEvent folded(row, changed);
+    QAccessible::updateAccessibility(&folded);
 }
 
 bool TXOutlineView::viewportEvent(QEvent* event) {

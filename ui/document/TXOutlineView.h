@@ -3,6 +3,7 @@
 #include <QTreeView>
 
 class MyDocument;
+class QAccessibleInterface;
 class QMenu;
 class TXVariable;
 class TXVariableOutlineViewController;
@@ -42,6 +43,8 @@ public:
     /// The variable that is selected, nullptr when there is none.
     const TXVariable* selectedVariable() const;
 
+    /// What Return and a double click do: the name of a variable is typed into the entry, a group folds or unfolds.
+    void enterNameOrFold(const QModelIndex& index);
     /// What a press of the main button does: with Alt a variable's name is typed into the entry, otherwise it selects.
     void mouseDown(QMouseEvent* event);
 
@@ -68,6 +71,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void startDrag(Qt::DropActions supportedActions) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     bool viewportEvent(QEvent* event) override;
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index, const QEvent* event) const override;
@@ -98,7 +102,9 @@ private:
     void showFolding();
     void leaveFolded(const QModelIndex& group);
     QModelIndex selectedIndex() const;
-    void enterNameOrFold(const QModelIndex& index);
+    QAccessibleInterface* accessibleRow(const QModelIndex& index);
+    void tellFocusedRow();
+    void tellFolding(const QModelIndex& group);
     bool showToolTip(const QHelpEvent& event);
     bool isElided(const QModelIndex& index, const QString& text) const;
 
