@@ -1,5 +1,7 @@
 #include "ui/document/MyDocument.h"
 
+#include <QKeyEvent>
+#include <QSplitterHandle>
 #include <QWheelEvent>
 #include <algorithm>
 
@@ -46,6 +48,9 @@ MyDocument::MyDocument(QObject* parent)
 }
 
 MyDocument::~MyDocument() {
+    // They go one after the other, and until then an input method may ask them for the line.
+    mainField()->setParentDocument(nullptr);
+    variableOutlineView()->setParentDocument(nullptr);
     if (globalVariableArray == &documentEquationController_.variableArray()) globalVariableArray = nullptr;
 }
 
@@ -153,6 +158,9 @@ bool MyDocument::eventFilter(QObject* watched, QEvent* event) {
     if (isWindow && event->type() == QEvent::Close) {
         if (watched == miniWindow()) rememberMiniWindow(miniWindow()->geometry());
         emit closed();
+    }
+    if (event->type() == QEvent::KeyPress && qobject_cast<QSplitterHandle*>(watched) != nullptr) {
+        return leaveDividerByKey(static_cast<QKeyEvent*>(event));
     }
     if (isZoomRequest(watched, *event)) emit zoomRequested();
     if (event->type() == QEvent::Resize) followResizing(watched);

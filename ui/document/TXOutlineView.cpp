@@ -31,10 +31,6 @@ QString nameOf(const TXVariable& variable) {
 
 bool isReturn(const QKeyEvent& event) { return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter; }
 
-bool opensContextMenu(const QKeyEvent& event) {
-    return event.key() == Qt::Key_Menu || (event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier);
-}
-
 }  // namespace
 
 TXOutlineView::TXOutlineView(QWidget* parent) : QTreeView(parent) {
@@ -57,8 +53,6 @@ TXOutlineView::TXOutlineView(QWidget* parent) : QTreeView(parent) {
     setDropIndicatorShown(false);
     connect(this, &QTreeView::expanded, this, &TXOutlineView::showFolding);
     connect(this, &QTreeView::collapsed, this, &TXOutlineView::leaveFolded);
-    connect(this, &QTreeView::expanded, this, &TXOutlineView::tellFolding);
-    connect(this, &QTreeView::collapsed, this, &TXOutlineView::tellFolding);
 }
 
 TXOutlineView::~TXOutlineView() = default;
@@ -203,12 +197,19 @@ void TXOutlineView::keyPressEvent(QKeyEvent* event) {
         copy();
     } else if (isReturn(*event)) {
         enterNameOrFold(selectedIndex());
-    } else if (opensContextMenu(*event)) {
-        QContextMenuEvent asked(QContextMenuEvent::Keyboard, QPoint(), QPoint());
-        contextMenuEvent(&asked);
     } else {
         QAbstractItemView::keyPressEvent(event);  // NOLINT(bugprone-parent-virtual-call)
     }
+}
+
+// So a dead key that is pressed here can begin a character, too.
+void TXOutlineView::inputMethodEvent(QInputMethodEvent* event) {
+    if (parentDocument_ != nullptr) parentDocument_->composeIntoEntry(event);
+}
+
+QVariant TXOutlineView::inputMethodQuery(Qt::InputMethodQuery query) const {
+    return parentDocument_ != nullptr ? parentDocument_->inputMethodQueryOfEntry(query, *this)
+                                      : QTreeView::inputMethodQuery(query);
 }
 
 QItemSelectionModel::SelectionFlags TXOutlineView::selectionCommand(const QModelIndex& index,
@@ -238,26 +239,13 @@ void TXOutlineView::focusInEvent(QFocusEvent* event) {
     QMetaObject::invokeMethod(this, &TXOutlineView::tellFocusedRow, Qt::QueuedConnection);
 }
 
-QAccessibleInterface* TXOutlineView::accessibleRow(const QModelIndex& index) {
-    const auto* outline = dynamic_cast<OutlineAccessible*>(QAccessible::queryAccessibleInterface(this));
-    return outline != nullptr ? outline->rowOf(index) : nullptr;
-}
-
 void TXOutlineView::tellFocusedRow() {
-    QAccessibleInterface* row = QAccessible::isActive() && hasFocus() ? accessibleRow(currentIndex()) : nullptr;
+    if (!QAccessible::isActive() || !hasFocus()) return;
+    const auto* outline = dynamic_cast<OutlineAccessible*>(QAccessible::queryAccessibleInterface(this));
+    QAccessibleInterface* row = outline != nullptr ? outline->rowOf(currentIndex()) : nullptr;
     if (row == nullptr) return;
     QAccessibleEvent focused(row, QAccessible::Focus);
     QAccessible::updateAccessibility(&focused);
-}
-
-void TXOutlineView::tellFolding(const QModelIndex& group) {
-    QAccessibleInterface* row = QAccessible::isActive() ? accessibleRow(group) : nullptr;
-    if (row == nullptr) return;
-    QAccessible::State changed;
-    changed.expanded = true;
-    changed.collapsed = true;
-    QAccessibleStateChangeEvent folded(row, changed);
-    QAccessible::updateAccessibility(&folded);
 }
 
 bool TXOutlineView::viewportEvent(QEvent* event) {

@@ -3,7 +3,6 @@
 #include <QTreeView>
 
 class MyDocument;
-class QAccessibleInterface;
 class QMenu;
 class TXVariable;
 class TXVariableOutlineViewController;
@@ -60,6 +59,8 @@ public:
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
     void doItemsLayout() override;
 
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
+
 signals:
     /// A variable was selected, or none is any more.
     void copyAvailable(bool isAvailable);
@@ -71,6 +72,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void startDrag(Qt::DropActions supportedActions) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     bool viewportEvent(QEvent* event) override;
@@ -102,9 +104,7 @@ private:
     void showFolding();
     void leaveFolded(const QModelIndex& group);
     QModelIndex selectedIndex() const;
-    QAccessibleInterface* accessibleRow(const QModelIndex& index);
     void tellFocusedRow();
-    void tellFolding(const QModelIndex& group);
     bool showToolTip(const QHelpEvent& event);
     bool isElided(const QModelIndex& index, const QString& text) const;
 
