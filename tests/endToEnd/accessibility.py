@@ -52,8 +52,8 @@ class Accessible:
         return next((one for one in self.all() if one.name == name and "showing" in one.states), None)
 
 
-class AccessibleDesktop(Desktop):
-    """A desktop whose session bus says that a screen reader is at work, and one that listens there."""
+class WithAccessibility:
+    """What makes the session bus of a desktop say that a screen reader is at work, and listens there as one."""
 
     def __enter__(self):
         super().__enter__()
@@ -61,18 +61,14 @@ class AccessibleDesktop(Desktop):
             # Settings in memory, so that no service for settings is started beside it and outlives the desktop.
             self.environment["GSETTINGS_BACKEND"] = "memory"
             self._start([LAUNCHER, "--launch-immediately", "--a11y=1"])
-            wait_for(self._has_accessibility_bus, "the accessibility bus")
             self.changes = self.home / "changes"
             with open(self.changes, "w") as output:
                 self._start([*CLIENT, "listen"], stdout=output)
-            wait_for(lambda: self.changes.read_text(), "one who listens")
+            wait_for(self.changes.read_text, "one who listens")
         except BaseException:
             self.__exit__()
             raise
         return self
-
-    def _has_accessibility_bus(self):
-        return "unix:" in self._output("xprop", "-root", "AT_SPI_BUS")
 
     def accessible_windows(self, program):
         """All windows of the program; none while that changes."""
@@ -104,3 +100,7 @@ class AccessibleDesktop(Desktop):
         lines = self.changes.read_text().splitlines(keepends=True)
         changes = [Change(*json.loads(line)) for line in lines if line.startswith("[") and line.endswith("\n")]
         return [change for change in changes if change.process == program.process.pid]
+
+
+class AccessibleDesktop(WithAccessibility, Desktop):
+    """An X display with an accessibility bus."""

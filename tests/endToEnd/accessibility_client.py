@@ -14,12 +14,15 @@ For the Python of the system, which alone has Debian's pyatspi.
 
 import json
 import sys
+import time
 
 import pyatspi
+from gi.repository import Gio, GLib
 
 # A busy machine is no reason to give up, in milliseconds.
 ANSWER_TIME = 20_000
 START_TIME = 40_000
+WAITING_STEP = 0.02  # in seconds
 CHANGES = ("object:state-changed:focused", "object:state-changed:checked", "object:property-change:accessible-description",
            "object:announcement")
 
@@ -36,11 +39,11 @@ def program(process):
 
 
 def control(process, name):
-    """What has this name, and is shown."""
-    found = pyatspi.findDescendant(program(process), lambda one: one.name == name and is_shown(one))
-    if found is None:
+    """What has this name: what is shown before what is not, such as the entries of closed menus."""
+    found = pyatspi.findAllDescendants(program(process), lambda one: one is not None and one.name == name)
+    if not found:
         raise Unknown(name)
-    return found
+    return next(filter(is_shown, found), found[0])
 
 
 def is_shown(accessible):
@@ -92,6 +95,14 @@ def act(process, name, action):
     actions.doAction(names.index(action))
 
 
+def has_accessibility_bus():
+    """Whether it was started. To ask for it would start another one."""
+    bus = Gio.bus_get_sync(Gio.BusType.SESSION)
+    has_owner = bus.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "NameHasOwner",
+                              GLib.Variant("(s)", ["org.a11y.Bus"]), None, Gio.DBusCallFlags.NONE, -1)
+    return has_owner.unpack()[0]
+
+
 def listen():
     """A change is given with the number of its program, its kind, and what its object is, with the value after it."""
     def tell(event):
@@ -103,6 +114,8 @@ def listen():
         value = values.get(kind, lambda: bool(event.detail1))()
         print(json.dumps([source.get_process_id(), kind, source.getRoleName(), source.name, value]), flush=True)
 
+    while not has_accessibility_bus():
+        time.sleep(WAITING_STEP)
     pyatspi.Registry.registerEventListener(tell, *CHANGES)
     print(flush=True)
     pyatspi.Registry.start()
