@@ -55,10 +55,9 @@ class Desktop:
         self.home = pathlib.Path(self.folder.name)
         self.environment = self._environment()
         try:
-            self.environment["DISPLAY"] = self._start_display()
+            self._start_screen()
             self.environment["DBUS_SESSION_BUS_ADDRESS"] = self._start_bus()
-            self._start(["openbox", "--config-file", self._window_manager_settings(), "--sm-disable"])
-            wait_for(lambda: "window id" in self._output("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), "the window manager")
+            self._start_window_manager()
         except BaseException:
             self.__exit__()
             raise
@@ -100,6 +99,13 @@ class Desktop:
         log.close()
         self.processes.append(process)
         return process
+
+    def _start_screen(self):
+        self.environment["DISPLAY"] = self._start_display()
+
+    def _start_window_manager(self):
+        self._start(["openbox", "--config-file", self._window_manager_settings(), "--sm-disable"])
+        wait_for(lambda: "window id" in self._output("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), "the window manager")
 
     def _start_display(self):
         """Xvfb looks for a free number by itself. Of two that start at once, one may lose its number, and ends."""

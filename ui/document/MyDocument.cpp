@@ -1,9 +1,12 @@
 #include "ui/document/MyDocument.h"
 
+#include <QKeyEvent>
+#include <QSplitterHandle>
 #include <QWheelEvent>
 #include <algorithm>
 
 #include "ui/UserDefaults.h"
+#include "ui/document/EntryAccessible.h"
 #include "ui/document/MiniModeAnswerField.h"
 #include "ui/document/TXFormulaEnteringMiniModeTextField.h"
 #include "ui/document/TXFormulaEnteringTextView.h"
@@ -49,6 +52,9 @@ MyDocument::~MyDocument() {
     // What happens to the windows from now on is only that they go.
     documentWindow_->removeEventFilter(this);
     miniWindow_->removeEventFilter(this);
+    // They go one after the other, and until then an input method may ask them for the line.
+    mainField()->setParentDocument(nullptr);
+    variableOutlineView()->setParentDocument(nullptr);
     if (globalVariableArray == &documentEquationController_.variableArray()) globalVariableArray = nullptr;
 }
 
@@ -63,6 +69,7 @@ void MyDocument::init() {
 }
 
 void MyDocument::loadWindows() {
+    QAccessible::installFactory(&EntryAccessible::make);  // Once: it is known by its address.
     documentWindow_ = std::make_unique<TXWindow>();
     ui_->setupUi(documentWindow_.get());
     miniWindow_ = std::make_unique<QWidget>();
@@ -166,6 +173,9 @@ bool MyDocument::eventFilter(QObject* watched, QEvent* event) {
         if (activeWindow()->isActiveWindow()) rememberLayout();
         if (watched == miniWindow()) rememberMiniWindow(miniWindow()->geometry());
         emit closed();
+    }
+    if (event->type() == QEvent::KeyPress && qobject_cast<QSplitterHandle*>(watched) != nullptr) {
+        return leaveDividerByKey(static_cast<QKeyEvent*>(event));
     }
     if (isZoomRequest(watched, *event)) emit zoomRequested();
     if (watched == documentWindow_.get() && event->type() == QEvent::LayoutRequest) keepRoomForControls();

@@ -22,6 +22,7 @@ class MiniModeAnswerField;
 class PullDownButton;
 class QAction;
 class QActionGroup;
+class QInputMethodEvent;
 class QKeyEvent;
 class QMenu;
 class QPagedPaintDevice;
@@ -99,6 +100,11 @@ public:
     /// Gives a key that was pressed elsewhere in the window to the active entry, with the focus, if it types something.
     /// Or else gives false.
     bool typeIntoEntry(QKeyEvent* event) const;
+    /// The same for what an input method composes elsewhere, beginning with a dead key. The focus follows when the text
+    /// is complete, since the input method would give up a composition that loses it.
+    void composeIntoEntry(QInputMethodEvent* event) const;
+    /// What an input method that composes in `view` is to know of the active entry, with places in the view.
+    QVariant inputMethodQueryOfEntry(Qt::InputMethodQuery query, const QWidget& view) const;
     /// Scrolls the history by a page, up when `pages` is negative.
     void scrollHistory(int pages) const;
     /// Empties the shown history. The session with its variables and the scrollback stay.
@@ -199,6 +205,9 @@ public:
     bool isSidebarShown() const;
     /// Shows or hides the sidebar. When it goes with the focus, the entry line gets the focus.
     void setSidebarShown(bool isShown);
+
+    /// Gives the divider beside the sidebar the focus, then the one above the entry, and then the entry line again.
+    void moveToNextDivider();
 
     /// To be asked before a window changes its size: notes the sizes of the panes that are to stay, and gives the size
     /// that the window may have. Only the width of the mini window can change.
@@ -312,6 +321,7 @@ private:
     bool changeTextSizeByWheel(const QWheelEvent& event);
     void showSidebarForTheFirstTime();
     void followResizing(const QObject* watched);
+    bool leaveDividerByKey(QKeyEvent* event) const;
     void fixHeightOfMiniWindow();
     void keepEquationsLeftToRight();
     void takeUserDefaults();

@@ -116,6 +116,7 @@ void MyDocument::clearEverything() {
     entry->setText(QString());
     entry->setWasFormulaJustCalculated(false);
     entry->setPermissibleToEnterTextFlag(false);
+    entry->setAccessibleDescription(QString());  // the last answer
     reloadSidebar();
     showLastAnswerInMiniWindow();
     emit canUndoClearHistoryChanged();

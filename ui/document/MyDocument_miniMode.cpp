@@ -60,6 +60,7 @@ bool MyDocument::windowShouldZoom() {
         rememberMiniWindow(miniWindow()->geometry());
     }
     activeFormulaTextView()->takeOver(*from);
+    activeFormulaTextView()->setAccessibleDescription(from->accessibleDescription());
     showWindow();
     shown->hide();
     emit miniModeChanged(isSmallWindowShown_);

@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QRadioButton>
+#include <QScopedValueRollback>
 #include <algorithm>
 
 #include "ui/document/contrast.h"
@@ -92,9 +93,10 @@ SegmentedControl::SegmentedControl(QWidget* parent) : QWidget(parent) {
         // Tab stops at the chosen one alone; a click takes no focus.
         group_.button(id)->setFocusPolicy(isChosen ? Qt::TabFocus : Qt::NoFocus);
         update();
+        // Not with the click, since assistive technology chooses without one.
+        if (isChosen && !isSetByProgram_) emit chosen();
     });
     setSelectedSegment(0);
-    connect(&group_, &QButtonGroup::idClicked, this, &SegmentedControl::chosen);
 }
 
 QStringList SegmentedControl::segments() const {
@@ -108,7 +110,10 @@ void SegmentedControl::setSegments(const QStringList& titles) {
     for (QAbstractButton* segment : group_.buttons()) segment->updateGeometry();
 }
 
-void SegmentedControl::setSelectedSegment(int segment) { group_.button(segment)->setChecked(true); }
+void SegmentedControl::setSelectedSegment(int segment) {
+    const QScopedValueRollback byProgram(isSetByProgram_, true);
+    group_.button(segment)->setChecked(true);
+}
 
 QRectF SegmentedControl::box() const { return QRectF(rect()).adjusted(margin, margin, -margin, -margin); }
 

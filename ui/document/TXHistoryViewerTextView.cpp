@@ -139,6 +139,16 @@ void TXHistoryViewerTextView::keyPressEvent(QKeyEvent* event) {
     if (parentDocument_ == nullptr || !parentDocument_->typeIntoEntry(event)) QTextEdit::keyPressEvent(event);
 }
 
+// So a dead key that is pressed here can begin a character, too.
+void TXHistoryViewerTextView::inputMethodEvent(QInputMethodEvent* event) {
+    if (parentDocument_ != nullptr) parentDocument_->composeIntoEntry(event);
+}
+
+QVariant TXHistoryViewerTextView::inputMethodQuery(Qt::InputMethodQuery query) const {
+    return parentDocument_ != nullptr ? parentDocument_->inputMethodQueryOfEntry(query, *this)
+                                      : QTextEdit::inputMethodQuery(query);
+}
+
 // What is copied does not end with a blank line, though every line of the history ends with a line break.
 QTextCursor TXHistoryViewerTextView::selectionToCopy() const {
     QTextCursor selection = textCursor();

@@ -93,10 +93,13 @@ public:
     const std::vector<QTextCharFormat>& styleDefinitions() const { return styleDefinitions_; }
     const std::vector<std::int32_t>& styleLocations() const { return styleLocations_; }
 
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
+
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
     QMimeData* createMimeDataFromSelection() const override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
