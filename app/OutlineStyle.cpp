@@ -13,7 +13,7 @@ constexpr qsizetype mostPalettes = 64;
 constexpr int step = 5;
 constexpr int whole = 255;
 constexpr qreal cornerRadius = 2.0;
-constexpr qreal sliderMargin = 3.0;
+constexpr qreal sliderMargin = 4.5;
 
 // How Fusion derives outlines from the colour of windows. That of a check box is lighter than the others.
 constexpr int darkeningOfOutline = 140;
