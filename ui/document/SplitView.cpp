@@ -32,22 +32,14 @@ protected:
         }
     }
 
-    void focusInEvent(QFocusEvent* event) override {
-        QSplitterHandle::focusInEvent(event);
-        clearMask();
-        update();
-    }
-
-    void focusOutEvent(QFocusEvent* event) override {
-        QSplitterHandle::focusOutEvent(event);
-        if (testAttribute(Qt::WA_MouseNoMask)) setMask(contentsRect());
-        update();
-    }
-
+    // Beside the line that the style draws, the panes are to be seen and not what was here before them.
     void resizeEvent(QResizeEvent* event) override {
         QSplitterHandle::resizeEvent(event);
-        if (hasFocus()) clearMask();
+        clearMask();
     }
+
+    void focusInEvent(QFocusEvent* /*event*/) override { update(); }
+    void focusOutEvent(QFocusEvent* /*event*/) override { update(); }
 
     void paintEvent(QPaintEvent* event) override {
         if (hasFocus()) {

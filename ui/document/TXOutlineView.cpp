@@ -53,6 +53,8 @@ TXOutlineView::TXOutlineView(QWidget* parent) : QTreeView(parent) {
     setDropIndicatorShown(false);
     connect(this, &QTreeView::expanded, this, &TXOutlineView::showFolding);
     connect(this, &QTreeView::collapsed, this, &TXOutlineView::leaveFolded);
+    // After the toolkit has told that the tree as a whole has the focus.
+    connect(this, &TXOutlineView::focusTaken, this, &TXOutlineView::tellFocusedRow, Qt::QueuedConnection);
 }
 
 TXOutlineView::~TXOutlineView() = default;
@@ -235,8 +237,7 @@ void TXOutlineView::currentChanged(const QModelIndex& current, const QModelIndex
 
 void TXOutlineView::focusInEvent(QFocusEvent* event) {
     QTreeView::focusInEvent(event);
-    // After the toolkit has told that the whole tree got the focus.
-    QMetaObject::invokeMethod(this, &TXOutlineView::tellFocusedRow, Qt::QueuedConnection);
+    emit focusTaken();
 }
 
 void TXOutlineView::tellFocusedRow() {

@@ -64,6 +64,7 @@ public:
 signals:
     /// A variable was selected, or none is any more.
     void copyAvailable(bool isAvailable);
+    void focusTaken();
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;

@@ -3,6 +3,7 @@
 #include "ui/document/SplitView.h"
 
 #include <QAccessible>
+#include <QScreen>
 
 #include "tests/support/Sidebar.h"
 
@@ -112,10 +113,12 @@ TEST(Dividers, giveTypedKeysToTheEntry) {
 TEST(Dividers, showTheFocus) {
     const Dividers open;
     const QColor highlight = open.ofSidebar()->palette().color(QPalette::Highlight);
+    QWidget* const window = open.document.documentWindow();
     const auto thickness = [&] {
-        const QImage image = open.document.documentWindow()->grab().toImage();
-        const QPoint middle =
-            open.ofSidebar()->mapTo(open.document.documentWindow(), open.ofSidebar()->rect().center());
+        QTest::qWait(0);
+        // What stands on the screen, which need not be what the window would paint now.
+        const QImage image = window->screen()->grabWindow(window->winId()).toImage();
+        const QPoint middle = open.ofSidebar()->mapTo(window, open.ofSidebar()->rect().center());
         int count = 0;
         for (int x = middle.x() - 5; x <= middle.x() + 5; ++x) {
             count += image.pixelColor(x, middle.y()) == highlight ? 1 : 0;
@@ -125,7 +128,7 @@ TEST(Dividers, showTheFocus) {
     EXPECT_EQ(thickness(), 0);
     open.ofSidebar()->setFocus();
     EXPECT_EQ(thickness(), 5);
-    open.document.documentWindow()->resize(800, 600);
+    window->resize(800, 600);
     EXPECT_EQ(thickness(), 5);
     open.entry()->setFocus();
     EXPECT_EQ(thickness(), 0);
