@@ -114,9 +114,9 @@ void expectAllTextsWhole() {
 
 /// Whether each widget has the least that it needs, inside of what it is in.
 void expectNothingCrowded() {
-    for (const QWidget* widget : shownWidgets()) {
+    for (QWidget* widget : shownWidgets()) {
         const bool isLaidOut = !widget->isWindow() && widget->parentWidget()->layout() != nullptr &&
-                               widget->parentWidget()->layout()->indexOf(const_cast<QWidget*>(widget)) >= 0;
+                               widget->parentWidget()->layout()->indexOf(widget) >= 0;
         if (!isLaidOut) continue;
         EXPECT_TRUE(holds(*widget, widget->minimumSizeHint().boundedTo(widget->maximumSize()))) << nameOf(*widget);
         EXPECT_TRUE(widget->parentWidget()->rect().contains(widget->geometry())) << nameOf(*widget);
