@@ -48,6 +48,7 @@ struct MarksFirst {
 
 struct Translation : MarksFirst, EveryWindow {};
 
+constexpr auto nameAndVersion = "<b>Tallix " TALLIX_VERSION "</b>";
 constexpr auto savingMessage =
     "Unfortunately, saving documents is not currently enabled.  Once the internals of the program stabilize, it will "
     "be put in the program.\n\nHowever, note that you can copy the equation history into a program like TextEdit (in "
@@ -119,7 +120,7 @@ TEST_F(Translation, reachesEveryTextOfOurOwnAndNoOther) {
                            // Alerts
                            "Sorry", savingMessage, openingMessage,
                            // Answers, what a number may have as its exponent, names and addresses
-                           "r = 125", "e", "E", "<b>Tallix " TALLIX_VERSION "</b>", "https://example.org/a/long/way"};
+                           "r = 125", "e", "E", nameAndVersion, "https://example.org/a/long/way"};
     EXPECT_EQ(untranslated, settled);
 }
 
