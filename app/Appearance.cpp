@@ -5,6 +5,7 @@
 #include <QStyle>
 
 #include "app/ColorScheme.h"
+#include "app/OutlineStyle.h"
 #include "ui/UserDefaults.h"
 #include "ui/document/contrast.h"
 
@@ -69,8 +70,8 @@ bool isDarkPalette(const QPalette& palette) { return isDark(palette.color(QPalet
 
 /// The palette for a choice. An empty one leaves the desktop its own.
 QPalette paletteFor(Appearance::Choice choice, const QPalette& desktops, bool isSchemeDark) {
-    // What is the style's own was given by no desktop.
-    const bool isGiven = desktops != QApplication::style()->standardPalette();
+    // What is Fusion's own was given by no desktop. Other styles belong to one.
+    const bool isGiven = !OutlineStyle::isFusion() || desktops != QApplication::style()->standardPalette();
     const bool isDesktopDark = isGiven ? isDarkPalette(desktops) : isSchemeDark;
     const bool wantsDark =
         choice == Appearance::Choice::followSystem ? isDesktopDark : choice == Appearance::Choice::dark;

@@ -70,6 +70,12 @@ void DocumentController::closeAll() {
     for (MyDocument* document : closing) document->close();
 }
 
+QList<MyDocument*> DocumentController::allDocuments() const {
+    QList<MyDocument*> all = documents();
+    for (const OpenDocument& closed : closedDocuments_) all.append(closed.document);
+    return all;
+}
+
 QList<MyDocument*> DocumentController::documents() const {
     QList<MyDocument*> documents;
     for (const OpenDocument& open : openDocuments_) documents.append(open.document);

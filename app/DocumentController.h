@@ -24,6 +24,8 @@ public:
     void closeAll();
 
     QList<MyDocument*> documents() const;
+    /// Those that are open, and those that can be brought back.
+    QList<MyDocument*> allDocuments() const;
     /// The document whose window was the active one last; nullptr when none is open.
     MyDocument* activeDocument() const { return activeDocument_; }
 

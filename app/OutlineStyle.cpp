@@ -51,9 +51,13 @@ bool isLost(const QColor& color, const QPalette& palette) { return hairlineColor
 
 OutlineStyle::OutlineStyle() : QProxyStyle(QLatin1String(fusionName)) {}
 
+bool OutlineStyle::isFusion() {
+    const QStyle* const style = QApplication::style();
+    return style->name() == QLatin1String(fusionName) || qobject_cast<const OutlineStyle*>(style) != nullptr;
+}
+
 void OutlineStyle::install() {
-    if (QApplication::style()->name() != QLatin1String(fusionName)) return;
-    if (qobject_cast<OutlineStyle*>(QApplication::style()) != nullptr) return;
+    if (!isFusion() || qobject_cast<OutlineStyle*>(QApplication::style()) != nullptr) return;
     QApplication::setStyle(new OutlineStyle);
 }  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the application owns it.
 
@@ -88,6 +92,7 @@ void OutlineStyle::drawOutlined(PrimitiveElement element, const QStyleOption* op
     }
     Option outlined(*given);
     outlined.palette = outlinedPalette(option->palette);
+    outlined.palette.setCurrentColorGroup(option->palette.currentColorGroup());
     QProxyStyle::drawPrimitive(element, &outlined, painter, widget);
 }
 

@@ -14,6 +14,8 @@ class OutlineStyle : public QProxyStyle {
 public:
     /// Lays it over the application's style, if that is Fusion. Any other one has outlines of its own.
     static void install();
+    /// Whether the application's style is Fusion, with or without this.
+    static bool isFusion();
 
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
                             const QWidget* widget) const override;

@@ -64,10 +64,10 @@ PreferenceController::~PreferenceController() = default;
 
 void PreferenceController::sendChoicesToDocuments() {
     connect(this, &PreferenceController::thousandsSeparatorChosen, &documents_, [this](int index) {
-        for (MyDocument* document : documents_.documents()) document->changeThousandsSeparatorCharacter(index);
+        for (MyDocument* document : documents_.allDocuments()) document->changeThousandsSeparatorCharacter(index);
     });
     connect(this, &PreferenceController::exponentCharacterChosen, &documents_, [this](int index) {
-        for (MyDocument* document : documents_.documents()) document->changeExponentCharacter(index);
+        for (MyDocument* document : documents_.allDocuments()) document->changeExponentCharacter(index);
     });
 }
 
@@ -112,7 +112,7 @@ void PreferenceController::changeEntryOptions() {
     const EntryOptions options{showsAnswerBox()->isChecked(), suggestsNamesBox()->isChecked(),
                                colorsEquationBox()->isChecked()};
     options.store();
-    for (MyDocument* document : documents_.documents()) document->setEntryOptions(options);
+    for (MyDocument* document : documents_.allDocuments()) document->setEntryOptions(options);
 }
 
 void PreferenceController::changeColors(const QComboBox* popUp) {

@@ -16,7 +16,7 @@ class Preferences;
 }
 
 /// The preferences window. What is chosen there is stored at once; the separator and the exponent character are sent to
-/// every open document before.
+/// every document before, also to those that were closed and can come back.
 class PreferenceController : public QObject {
     Q_OBJECT
 

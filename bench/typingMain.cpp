@@ -105,7 +105,7 @@ void enterLines(MyDocument& document, std::size_t count) {
     }
 }
 
-/// False when a typed line had no answer.
+/// False when a typed line had no answer, or nothing was suggested for its names.
 bool measure(std::size_t count, std::size_t keys) {
     QMainWindow bareWindow;
     auto* bareEntry = new QPlainTextEdit(&bareWindow);
@@ -133,7 +133,7 @@ bool measure(std::size_t count, std::size_t keys) {
         QCoreApplication::processEvents();
         typeLine(entry, tallix, tallixTimes);
         answerTimes.push_back(timeOfAnswer(live, tallix));
-        if (answerTimes.back() < 0) return false;
+        if (answerTimes.back() < 0 || entry->suggestions() == nullptr) return false;
     }
     std::printf("{\n");
     print("bare", bareTimes, ",");
@@ -163,6 +163,6 @@ int main(int argc, char** argv) {
     qputenv("XDG_CONFIG_HOME", settings.path().toLocal8Bit());  // not the user's own
     const QApplication application(argc, argv);
     if (measure(count, keys)) return 0;
-    std::fputs("tallix-bench-typing: a line had no answer\n", stderr);
+    std::fputs("tallix-bench-typing: a line had no answer or no suggestions\n", stderr);
     return 1;
 }

@@ -136,6 +136,7 @@ void measureLines(Session& session, std::size_t count, LineFamily family) {
         const std::int64_t before = session.program.processorTime();
         const auto typed = XWatch::Clock::now();
         session.watch.type("2+3\n");
+        if (!session.watch.waitForPaint(patience)) throw std::runtime_error("a line was not painted");
         settled.push_back(microseconds(session.watch.waitForQuiet(quiet) - typed));
         processor.push_back(static_cast<double>(session.program.processorTime() - before) / 1000);
     }

@@ -14,6 +14,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -83,6 +84,32 @@ struct Bookkeeping {
     bool operator==(const Bookkeeping&) const = default;
 };
 
+/// All that a preview and a blank line leave as it was.
+struct WholeState {
+    Bookkeeping bookkeeping;
+    std::vector<std::tuple<std::u16string, std::int32_t, std::int32_t, bool, bool, bool>> variables;
+    std::size_t equations = 0;
+    std::u16string lastEquation;
+    const TXResult* lastResult = nullptr;
+    std::u16string lastMessage;
+    std::uint32_t timesCleared = 0;
+
+    explicit WholeState(TXEquationController& controller)
+        : bookkeeping(controller),
+          equations(controller.equationsArray().size()),
+          lastResult(controller.lastResult()),
+          timesCleared(controller.variableArray().timesCleared()) {
+        for (const TXVariable& variable : controller.variableArray()) {
+            variables.emplace_back(variable.variableName(), variable.variableIndex(), variable.definedInEquationIndex(),
+                                   variable.isAutoCached(), variable.isLocked(), variable.definedState());
+        }
+        if (equations == 0) return;
+        lastEquation = controller.equationsArray().back().masterString();
+        if (lastResult != nullptr) lastMessage = lastResult->errorMessage();
+    }
+    bool operator==(const WholeState&) const = default;
+};
+
 /// What became of a line.
 struct Outcome {
     bool isError = false;
@@ -118,15 +145,14 @@ public:
 private:
     void enter(std::u16string_view line) {
         const std::size_t count = controller_.equationsArray().size();
-        const Bookkeeping before(controller_);
+        const WholeState state(controller_);
+        const Bookkeeping& before = state.bookkeeping;
         const std::optional<LinePreview> preview = controller_.previewOneString(line);
-        expect(controller_.equationsArray().size() == count && before == Bookkeeping(controller_),
-               "a preview changes nothing");
+        expect(state == WholeState(controller_), "a preview changes nothing");
         TXResult* const result = controller_.addOneStringBlindly(line);
         expect(preview.has_value() == (result != nullptr), "a blank line has no preview");
         if (result == nullptr) {
-            expect(controller_.equationsArray().size() == count && before == Bookkeeping(controller_),
-                   "a blank line changes nothing");
+            expect(state == WholeState(controller_), "a blank line changes nothing");
             return;
         }
         expect(controller_.equationsArray().size() == count + 1, "a line is stored once");

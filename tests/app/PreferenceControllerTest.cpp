@@ -70,8 +70,26 @@ TEST(PreferenceController, changesWhatHelpsInOpenAndNewDocuments) {
     EXPECT_EQ(open.entryOptions(), (EntryOptions{true, true, true}));
     QTest::mouseClick(controller.showsAnswerBox(), Qt::LeftButton, Qt::NoModifier, QPoint(8, 8));
     EXPECT_EQ(open.entryOptions(), (EntryOptions{false, true, true}));
+    QTest::mouseClick(controller.suggestsNamesBox(), Qt::LeftButton, Qt::NoModifier, QPoint(8, 8));
+    EXPECT_EQ(open.entryOptions(), (EntryOptions{false, false, true}));
     EXPECT_EQ(EntryOptions::stored(), open.entryOptions());
     EXPECT_EQ(documents.newDocument().entryOptions(), open.entryOptions());
+}
+
+TEST(PreferenceController, changesDocumentsThatCanComeBack) {
+    const SettingsFolder settings;
+    DocumentController documents;
+    PreferenceController controller(documents);
+    MyDocument& closed = documents.newDocument();
+    documents.newDocument();
+    closed.close();
+    ASSERT_EQ(documents.documents().size(), 1);
+    controller.showWindow();
+    QTest::keyClick(controller.suggestsNamesBox(), Qt::Key_Space);
+    QTest::keyClick(controller.thousandsSeparatorsBox(), Qt::Key_Down);
+    MyDocument* const reopened = documents.reopenClosedDocument();
+    EXPECT_FALSE(reopened->entryOptions().suggestsNames);
+    EXPECT_EQ(reopened->documentNumberFormatterSettings().thousandsCharacter(), u" ");
 }
 
 TEST(PreferenceController, namesItsChoices) {
@@ -234,9 +252,11 @@ TEST_F(PreferencesTest, givesEveryChoiceAMnemonicOfItsOwn) {
     for (const auto* label : controller->window()->findChildren<QLabel*>()) {
         if (label->buddy() != nullptr) mnemonics += QKeySequence::mnemonic(label->text()).toString();
     }
-    mnemonics += QKeySequence::mnemonic(controller->window()->findChild<QPushButton*>()->text()).toString();
+    for (const auto* button : controller->window()->findChildren<QAbstractButton*>()) {
+        if (!button->text().isEmpty()) mnemonics += QKeySequence::mnemonic(button->text()).toString();
+    }
     mnemonics.sort();
-    EXPECT_EQ(mnemonics, QStringList({"Alt+A", "Alt+C", "Alt+E", "Alt+O", "Alt+T"}));
+    EXPECT_EQ(mnemonics, QStringList({"Alt+A", "Alt+C", "Alt+E", "Alt+N", "Alt+O", "Alt+R", "Alt+S", "Alt+T"}));
 }
 
 }  // namespace

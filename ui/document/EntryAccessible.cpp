@@ -68,7 +68,9 @@ int EntryAccessible::cursorPosition() const { return view_.textCursor().position
 
 void EntryAccessible::setCursorPosition(int position) { setSelection(0, position, position); }
 
-QString EntryAccessible::text(int start, int end) const { return view_.text().mid(start, end - start); }
+QString EntryAccessible::text(int start, int end) const {
+    return view_.text().mid(inLine(start), std::max(0, inLine(end) - inLine(start)));
+}
 
 int EntryAccessible::characterCount() const { return static_cast<int>(view_.text().size()); }
 

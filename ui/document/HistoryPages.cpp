@@ -2,6 +2,8 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QBuffer>
+#include <QFile>
+#include <QFileInfo>
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QLocale>
@@ -37,7 +39,7 @@ QFont frameFont(QFont font) {
 qreal frameHeight(const QFont& font, QPagedPaintDevice* device) { return QFontMetricsF(font, device).lineSpacing(); }
 
 /// Without a buffer of the file's own, which would lose what a full disk takes only a part of.
-bool writeAll(const QByteArray& bytes, QSaveFile* file) {
+bool writeAll(const QByteArray& bytes, QFileDevice* file) {
     if (!file->open(QIODevice::WriteOnly | QIODevice::Unbuffered)) return false;
     qint64 written = 0;
     while (written < bytes.size()) {
@@ -130,10 +132,19 @@ QString HistoryPages::printToFile(const QPrinter& printer) const {
     writer.setCreator(QCoreApplication::applicationName());
     if (!pages.open(QIODevice::WriteOnly) || !print(&writer)) return pages.errorString();
 
-    QSaveFile file(printer.outputFileName());
-    file.setDirectWriteFallback(true);  // where only the file itself can be written
-    const bool isThere = writeAll(pages.data(), &file) && file.commit();
-    return isThere ? QString() : QStringLiteral("%1\n%2").arg(printer.outputFileName(), file.errorString());
+    const QString name = printer.outputFileName();
+    const QFileInfo target(name);
+    QString error;
+    if (target.exists() && !target.isFile() &&
+        !target.isDir()) {  // A pipe or a device is not to be replaced by a file.
+        QFile file(name);
+        if (!writeAll(pages.data(), &file)) error = file.errorString();
+    } else {
+        QSaveFile file(name);
+        file.setDirectWriteFallback(true);  // where only the file itself can be written
+        if (!writeAll(pages.data(), &file) || !file.commit()) error = file.errorString();
+    }
+    return error.isEmpty() ? QString() : QStringLiteral("%1\n%2").arg(name, error);
 }
 
 QPageSize::PageSizeId HistoryPages::usualPaper(const QLocale& locale) {

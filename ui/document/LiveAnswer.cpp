@@ -22,6 +22,7 @@ LiveAnswer::LiveAnswer(TXFormulaEnteringTextView& entry, double relativeSize)
     connect(&entry, &QPlainTextEdit::selectionChanged, this, &LiveAnswer::waitForRest);
     connect(&entry, &QPlainTextEdit::updateRequest, this, &LiveAnswer::place);
     entry.installEventFilter(this);
+    entry.viewport()->installEventFilter(this);
 }
 
 void LiveAnswer::waitForRest() {
@@ -74,6 +75,7 @@ void LiveAnswer::place() {
 
 bool LiveAnswer::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
+        case QEvent::Move:
         case QEvent::Resize: place(); break;
         case QEvent::FontChange:
         case QEvent::PaletteChange: takeLook(); break;

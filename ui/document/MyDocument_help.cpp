@@ -29,6 +29,7 @@ void MyDocument::prepareHelp() {
           std::pair<TXFormulaEnteringTextView*, double>(miniModeformulaTextView(), miniSizeOfLiveAnswer)}) {
         auto* live = new LiveAnswer(*entry, size);
         connect(this, &MyDocument::sessionChanged, live, &LiveAnswer::waitForRest);
+        connect(this, &MyDocument::miniModeChanged, live, &LiveAnswer::waitForRest);
         connect(this, &MyDocument::entryOptionsChanged, live, &LiveAnswer::waitForRest);
         connect(this, &MyDocument::sessionChanged, entry, &TXFormulaEnteringTextView::refreshMarks);
         connect(this, &MyDocument::entryOptionsChanged, entry, &TXFormulaEnteringTextView::refreshMarks);

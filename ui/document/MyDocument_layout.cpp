@@ -40,7 +40,8 @@ void MyDocument::takeLastLayout() {
 
 void MyDocument::takeLastPlace(const UserDefaults& defaults) {
     const int titleBarHeight = documentWindow()->style()->pixelMetric(QStyle::PM_TitleBarHeight);
-    const QRect place = movedOntoScreen(defaults.interfaceValueForKey(placeKey).toRect(), titleBarHeight);
+    const QRect place = movedOntoScreen(defaults.interfaceValueForKey(placeKey).toRect(), titleBarHeight,
+                                        documentWindow()->minimumSize());
     if (place.isEmpty()) {
         documentWindow()->resize(fittedToScreen(documentWindow()->size(), titleBarHeight));
     } else if (canPlaceWindows(QGuiApplication::platformName())) {
@@ -67,14 +68,15 @@ void MyDocument::takeLastPanes(const UserDefaults& defaults) {
     secondaryCurrentWidth_ = static_cast<float>(entry);
     mySplitView()->setSizes({sidebar, window.width()});
     secondarySplitView()->setSizes({window.height(), entry + growthOfEntryLine()});
-    const bool isSidebarHidden = defaults.interfaceValueForKey(sidebarShownKey).toString() == u"false";
-    controlledView()->setHidden(isSidebarHidden);
+    controlledView()->setVisible(defaults.interfaceBoolForKey(sidebarShownKey, true));
 }
 
 void MyDocument::rememberLayout() const {
     UserDefaults defaults;
     const bool isLarge = documentWindow()->isMaximized() || documentWindow()->isFullScreen();
-    defaults.setInterfaceValue(isLarge ? documentWindow()->normalGeometry() : documentWindow()->geometry(), placeKey);
+    const QRect place = isLarge ? documentWindow()->normalGeometry() : documentWindow()->geometry();
+    const QRect stored = defaults.interfaceValueForKey(placeKey).toRect();
+    defaults.setInterfaceValue(placeToStore(place, stored, QGuiApplication::platformName()), placeKey);
     const int sidebar = isSidebarShown() ? controlledView()->width() : qRound(currentWidth_);
     defaults.setInterfaceValue(sidebar, sidebarWidthKey);
     defaults.setInterfaceValue(isSidebarShown(), sidebarShownKey);

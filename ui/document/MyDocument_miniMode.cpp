@@ -43,7 +43,7 @@ void MyDocument::prepareMiniMode() {
     connect(ui_->miniModeButton, &QPushButton::clicked, this, &MyDocument::windowShouldZoom);
     miniWindow()->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(miniWindow(), &QWidget::customContextMenuRequested, this, &MyDocument::showMiniModeMenu);
-    setKeepsMiniWindowOnTop(UserDefaults().interfaceValueForKey(keepOnTopKey).toBool());
+    setKeepsMiniWindowOnTop(UserDefaults().interfaceBoolForKey(keepOnTopKey, false));
 }
 
 bool MyDocument::windowShouldZoom() {
@@ -86,9 +86,10 @@ void MyDocument::placeMiniWindow() {
 }
 
 void MyDocument::rememberMiniWindow(const QRect& place) {
-    if (!canPlaceWindows(QGuiApplication::platformName())) return;  // There no program knows where a window is.
-    miniWindowPlace_ = place;
-    UserDefaults().setInterfaceValue(place, placeKey);
+    UserDefaults defaults;
+    const QRect stored = defaults.interfaceValueForKey(placeKey).toRect();
+    miniWindowPlace_ = placeToStore(place, stored, QGuiApplication::platformName());
+    defaults.setInterfaceValue(miniWindowPlace_, placeKey);
 }
 
 bool MyDocument::isZoomRequest(const QObject* window, const QEvent& event) const {

@@ -165,6 +165,7 @@ bool NameSuggestions::accept() {
 }
 
 void NameSuggestions::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) return;
     QListWidgetItem* const clicked = itemAt(event->position().toPoint());
     if (clicked == nullptr) return;
     setCurrentItem(clicked, QItemSelectionModel::ClearAndSelect);

@@ -105,6 +105,7 @@ private:
     void centreLine();
     void prepareMarks();
     std::optional<EquationPart> partOf(QStringView name) const;
+    bool isComposing() const;
     void paintBrackets();
     QColor bracketColor() const;
     void suggestAfter(bool wasTyping);

@@ -51,7 +51,7 @@ void TXFormulaEnteringTextView::prepareMarks() {
 void TXFormulaEnteringTextView::refreshMarks() {
     QList<QTextEdit::ExtraSelection> marks;
     const QString line = text();
-    if (line.size() <= longestMarkedLine) {
+    if (line.size() <= longestMarkedLine && !isComposing()) {
         const EntryColors& colors = EntryColors::on(palette().color(QPalette::Base));
         const QTextCursor cursor(document());
         if (parentDocument_ != nullptr && parentDocument_->entryOptions().colorsEquation) {
@@ -66,6 +66,11 @@ void TXFormulaEnteringTextView::refreshMarks() {
     if (!marks.isEmpty() || !extraSelections().isEmpty()) setExtraSelections(marks);
 }
 
+// What is composed stands in the line without being part of its text, so that places in the two differ.
+bool TXFormulaEnteringTextView::isComposing() const {
+    return !document()->firstBlock().layout()->preeditAreaText().isEmpty();
+}
+
 std::optional<EquationPart> TXFormulaEnteringTextView::partOf(QStringView name) const {
     return parentDocument_->partOfName(name);
 }
@@ -78,8 +83,7 @@ void TXFormulaEnteringTextView::paintEvent(QPaintEvent* event) {
 
 void TXFormulaEnteringTextView::paintBrackets() {
     const QString line = text();
-    const bool isComposing = !document()->firstBlock().layout()->preeditAreaText().isEmpty();
-    if (textCursor().hasSelection() || isComposing || line.size() > longestMarkedLine) return;
+    if (textCursor().hasSelection() || isComposing() || line.size() > longestMarkedLine) return;
     const auto pair = bracketPairAt(line, textCursor().position());
     if (!pair) return;
     QPainter painter(viewport());

@@ -203,6 +203,7 @@ void TXFormulaEnteringTextView::typeText(const QString& text) {
 void TXFormulaEnteringTextView::showComposition(QInputMethodEvent* event) {
     const QScopedValueRollback byProgram(isMovedByProgram_, true);
     QPlainTextEdit::inputMethodEvent(event);
+    refreshMarks();
 }
 
 // The editor's own menu would ask the clipboard whether there is something to paste.

@@ -17,8 +17,9 @@ bool isNear(const QRect& place) {
 
 }  // namespace
 
-QRect movedOntoScreen(QRect place, int titleBarHeight) {
+QRect movedOntoScreen(QRect place, int titleBarHeight, const QSize& least) {
     if (!isNear(place) || place.isEmpty()) return {};
+    place.setSize(place.size().expandedTo(least));
     const QScreen* screen = QGuiApplication::screenAt(place.center());
     QRect area = (screen != nullptr ? screen : QGuiApplication::primaryScreen())->availableGeometry();
     area.setTop(area.top() + titleBarHeight);
@@ -36,3 +37,7 @@ QSize fittedToScreen(const QSize& size, int titleBarHeight) {
 }
 
 bool canPlaceWindows(const QString& platform) { return !platform.startsWith(u"wayland"); }
+
+QRect placeToStore(const QRect& place, const QRect& stored, const QString& platform) {
+    return canPlaceWindows(platform) ? place : QRect(stored.topLeft(), place.size());
+}

@@ -7,6 +7,7 @@
 #include <QInputMethodEvent>
 #include <QRadioButton>
 #include <QSignalSpy>
+#include <QSplitter>
 
 #include "tests/support/DocumentTest.h"
 #include "ui/document/SegmentedControl.h"
@@ -46,6 +47,18 @@ TEST(LiveAnswer, comesAMomentAfterTheLastKey) {
     EXPECT_FALSE(open.live()->isVisible()) << "it is the answer of another line";
 }
 
+TEST(LiveAnswer, waitsForTheLastOfSeveralKeys) {
+    LiveDocument open;
+    open.press(u"2+3");
+    QTest::qWait(50);
+    QElapsedTimer clock;
+    clock.start();
+    open.press(u"4");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return open.live()->isVisible(); }));
+    EXPECT_GE(clock.elapsed(), 75);
+    EXPECT_EQ(open.live()->text(), "= 36");
+}
+
 TEST(LiveAnswer, isSilentWhereThereIsNone) {
     LiveDocument open;
     for (const QString line : {"2+", "sin(30", "nothing*2", "pi=3", "   ", "1/x"}) {
@@ -67,6 +80,17 @@ TEST(LiveAnswer, goesWithReturnEvenWhenTheSelectionStays) {
     EXPECT_EQ(open.shownAfter(u"2+3⌘"), "= 5");
     EXPECT_EQ(open.shownAfter(u"⏎"), "");
     EXPECT_EQ(open.shownAfter(u"⏎"), "");
+}
+
+TEST(LiveAnswer, staysAwayAfterACalculationInTheOtherWindow) {
+    LiveDocument open;
+    open.press(u"2+3⌘");
+    open.document.windowShouldZoom();
+    open.press(u"⏎");
+    open.shown();
+    open.document.windowShouldZoom();
+    EXPECT_TRUE(open.entry()->wasFormulaJustCalculated());
+    EXPECT_EQ(open.shown(), "");
 }
 
 TEST(LiveAnswer, comesWithALineOfTheScrollback) {
@@ -165,6 +189,14 @@ TEST(LiveAnswer, standsOnTheLineAtTheRight) {
               viewport.y() + open.entry()->lineTop() + open.entry()->fontMetrics().ascent());
     open.document.setTextSize(200);
     EXPECT_EQ(open.live()->font().pointSizeF(), 26.0);
+    const auto baselines = [&] {
+        return std::pair(
+            open.live()->y() + open.live()->fontMetrics().ascent(),
+            open.entry()->viewport()->y() + open.entry()->lineTop() + open.entry()->fontMetrics().ascent());
+    };
+    EXPECT_EQ(baselines().first, baselines().second);
+    open.document.secondarySplitView()->setSizes({200, 150});
+    EXPECT_EQ(baselines().first, baselines().second);
 }
 
 TEST(LiveAnswer, letsThePointerThrough) {

@@ -192,7 +192,8 @@ TEST(Layout, fitsTheSmallestWindow) {
 TEST(Layout, isOnAScreenWhereverTheLastOneWas) {
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
     for (const QRect& stored : {QRect(-5000, -5000, 760, 500), QRect(90000, 90000, 760, 500), QRect(0, 0, 90000, 9000),
-                                QRect(screen.right() - 50, screen.bottom() - 50, 760, 500)}) {
+                                QRect(screen.right() - 50, screen.bottom() - 50, 760, 500),
+                                QRect(screen.right() - 20, screen.bottom() - 20, 10, 10)}) {
         const FreshDefaults defaults;
         QSettings().setValue(place, stored);
         MyDocument document;
@@ -205,6 +206,13 @@ TEST(WindowPlaces, areTheProgramsEverywhereButOnWayland) {
     EXPECT_TRUE(canPlaceWindows("windows"));
     EXPECT_FALSE(canPlaceWindows("wayland"));
     EXPECT_FALSE(canPlaceWindows("wayland-egl"));
+}
+
+TEST(WindowPlaces, areStoredWhereTheyAreKnown) {
+    const QRect now(30, 40, 500, 300);
+    const QRect before(70, 80, 760, 500);
+    EXPECT_EQ(placeToStore(now, before, "xcb"), now);
+    EXPECT_EQ(placeToStore(now, before, "wayland"), QRect(70, 80, 500, 300));
 }
 
 TEST(WindowPlaces, leaveRoomForTheTitle) {

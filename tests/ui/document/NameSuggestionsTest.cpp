@@ -220,28 +220,46 @@ TEST(NameSuggestions, canBeSwitchedOff) {
     EXPECT_FALSE(open.entry()->hasFocus()) << "Tab leaves the line again";
 }
 
+/// With the list open as if the line had just been calculated, which no key can bring about.
+struct SuggestingAfterACalculation : SuggestingDocument {
+    SuggestingAfterACalculation() {
+        press(u"2⏎⌘si");
+        entry()->closeSuggestions();
+        entry()->setWasFormulaJustCalculated(true);
+        entry()->setPermissibleToEnterTextFlag(true);
+    }
+};
+
 TEST(NameSuggestions, doNotEndTheContinuationByThemselves) {
-    SuggestingDocument open;
-    open.press(u"2⏎si");
-    ASSERT_TRUE(open.isOpen());
-    open.press(u"⌘⌫4⏎");
+    SuggestingAfterACalculation open;
     const QSignalSpy caret(open.entry(), &QPlainTextEdit::cursorPositionChanged);
     const QSignalSpy selection(open.entry(), &QPlainTextEdit::selectionChanged);
     open.entry()->offerSuggestions();
-    open.entry()->closeSuggestions();
+    ASSERT_TRUE(open.isOpen());
+    open.press(u"↓↓⎋");
+    EXPECT_FALSE(open.isOpen());
     EXPECT_EQ(caret.count() + selection.count(), 0);
+    EXPECT_TRUE(open.entry()->wasFormulaJustCalculated());
     EXPECT_TRUE(open.entry()->permissibleToEnterTextFlag());
-    open.press(u"*");
-    EXPECT_EQ(open.line(), "ans*");
 }
 
 TEST(NameSuggestions, endTheContinuationWhenOneIsTaken) {
-    SuggestingDocument open;
-    open.press(u"2⏎si⇥");
-    EXPECT_FALSE(open.entry()->permissibleToEnterTextFlag());
+    SuggestingAfterACalculation open;
+    open.entry()->offerSuggestions();
+    open.press(u"⇥");
     EXPECT_FALSE(open.entry()->wasFormulaJustCalculated());
+    EXPECT_FALSE(open.entry()->permissibleToEnterTextFlag());
     open.press(u"+");
     EXPECT_EQ(open.line(), "sin(+");
+}
+
+TEST(NameSuggestions, areTakenWithTheLeftButtonOnly) {
+    SuggestingDocument open;
+    open.press(u"co");
+    const QPoint row = open.list()->visualItemRect(open.list()->item(2)).center();
+    QTest::mouseClick(open.list()->viewport(), Qt::RightButton, Qt::NoModifier, row);
+    QTest::mouseClick(open.list()->viewport(), Qt::MiddleButton, Qt::NoModifier, row);
+    EXPECT_EQ(open.line(), "co");
 }
 
 }  // namespace

@@ -85,7 +85,8 @@ TEST(Dividers, goAsFarAsThePanesLetThem) {
 TEST(Dividers, moveAsTheArrowsPointOnMirroredDesktops) {
     const Dividers open;
     open.document.documentWindow()->setLayoutDirection(Qt::RightToLeft);
-    QTest::qWait(0);
+    const int middle = open.document.mySplitView()->width() / 2;
+    ASSERT_TRUE(QTest::qWaitFor([&] { return open.ofSidebar()->x() > middle; })) << "the sidebar is at the right";
     open.ofSidebar()->setFocus();
     const int width = open.sidebarWidth();
     open.press(Qt::Key_Left);

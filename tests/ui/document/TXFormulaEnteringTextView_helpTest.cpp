@@ -1,6 +1,7 @@
 // Marks in the entry line: brackets that belong together, those that belong to none, and colours.
 
 #include <QClipboard>
+#include <QInputMethodEvent>
 #include <QMimeData>
 #include <QSignalSpy>
 
@@ -117,6 +118,17 @@ TEST(Marks, moveNeitherCaretNorSelectionNorEndTheContinuation) {
     EXPECT_TRUE(open.entry()->permissibleToEnterTextFlag());
     open.press(u"^");
     EXPECT_EQ(open.line(), "ans^");
+}
+
+TEST(Marks, restWhileSomethingIsComposed) {
+    MarkedDocument open;
+    open.press(u"2)↖");
+    QInputMethodEvent composing(QStringLiteral("´"), {});
+    QApplication::sendEvent(open.entry(), &composing);
+    EXPECT_EQ(open.marks(), QStringList()) << "they would stand beside their characters";
+    QInputMethodEvent done;
+    QApplication::sendEvent(open.entry(), &done);
+    EXPECT_EQ(open.marks(), QStringList(")@1 #d41818"));
 }
 
 TEST(Marks, areNoStepsToUndo) {
