@@ -84,7 +84,7 @@ std::optional<XWatch::Painted> XWatch::waitForNewWindow(const std::set<xcb_windo
                                                         std::chrono::milliseconds patience) {
     const Time until = Clock::now() + patience;
     while (const auto paint = nextPaint(until)) {
-        if (paint->second && known.count(paint->first) == 0) return Painted{paint->first, lastPaint_};
+        if (paint->second && !known.contains(paint->first)) return Painted{paint->first, lastPaint_};
     }
     return std::nullopt;
 }

@@ -27,7 +27,7 @@ namespace {
 using Nanoseconds = std::vector<qint64>;
 
 // Names of the session, names that are none, functions and numbers, so that suggestions and answers come and go.
-const QString typedLine = QStringLiteral("v000001*2.5+sin(v000002)-(v000003+cosh(3)*12^2)/v000001");
+constexpr std::string_view typedLine = "v000001*2.5+sin(v000002)-(v000003+cosh(3)*12^2)/v000001";
 
 constexpr QSize windowSize(1200, 500);  // room for the line and its answer
 
@@ -83,7 +83,7 @@ qint64 timeOfAnswer(const LiveAnswer* live, const PaintCount& painted) {
 }
 
 void typeLine(QPlainTextEdit* entry, const PaintCount& painted, Nanoseconds& times) {
-    for (const QChar character : typedLine) times.push_back(timeOfKey(entry, painted, character));
+    for (const char character : typedLine) times.push_back(timeOfKey(entry, painted, QLatin1Char(character)));
 }
 
 void print(const char* name, Nanoseconds& times, const char* end) {

@@ -43,7 +43,7 @@ QString LiveAnswer::answer() const {
     const QString line = entry_.text();
     const QString selected = entry_.textCursor().selectedText();
     if (!selected.isEmpty() && selected.size() < line.size()) {
-        const QString part = document->previewOfPart(selected);
+        QString part = document->previewOfPart(selected);
         if (!part.isEmpty()) return part;
     }
     return document->previewOfLine(line);

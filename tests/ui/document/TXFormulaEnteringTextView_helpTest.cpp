@@ -40,7 +40,7 @@ TEST(Brackets, areMarkedWhereTheCaretIs) {
     EXPECT_NE(marked, base);
     EXPECT_EQ(open.behind(6), marked);
     const QColor highlight = open.entry()->palette().color(QPalette::Highlight);
-    EXPECT_NEAR(marked.red(), 255 - (255 - highlight.red()) / 4, 3) << "a quarter of the highlight";
+    EXPECT_NEAR(marked.red(), 255 - (255 - highlight.red()) * 0.25, 3) << "a quarter of the highlight";
     EXPECT_EQ(open.behind(0), base);
     open.press(u"←←");
     EXPECT_EQ(open.behind(2), base) << "the caret is at no bracket";
