@@ -8,6 +8,7 @@
 #include "ui/document/MiniModeAnswerField.h"
 #include "ui/document/TXFormulaEnteringMiniModeTextField.h"
 #include "ui/document/TXHistoryViewerTextView.h"
+#include "ui/document/engineText.h"
 #include "ui_MiniWindow.h"
 #include "ui_MyDocument.h"
 
@@ -17,12 +18,6 @@ using LineKind = TXHistoryViewerTextView::LineKind;
 
 constexpr double answerPointSize = 18.0;
 constexpr double errorPointSize = 12.0;
-
-std::u16string_view viewOf(QStringView text) { return {text.utf16(), static_cast<std::size_t>(text.size())}; }
-
-QString stringOf(std::u16string_view text) {
-    return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 QTextCharFormat colored(float red, float green, float blue) {
     QTextCharFormat attributes;

@@ -6,6 +6,7 @@
 #include "ui/document/NameSuggestions.h"
 #include "ui/document/TXFormulaEnteringMiniModeTextField.h"
 #include "ui/document/TXFormulaEnteringTextView.h"
+#include "ui/document/engineText.h"
 #include "ui/document/equationMarks.h"
 #include "ui/document/functionMeanings.h"
 
@@ -13,12 +14,6 @@ namespace {
 
 constexpr double fullSizeOfLiveAnswer = 13.0 / 15.0;  // of the entry's points
 constexpr double miniSizeOfLiveAnswer = 1.0;
-
-std::u16string_view viewOf(QStringView text) { return {text.utf16(), static_cast<std::size_t>(text.size())}; }
-
-QStringView stringViewOf(std::u16string_view text) { return {text.data(), static_cast<qsizetype>(text.size())}; }
-
-QString stringOf(std::u16string_view text) { return stringViewOf(text).toString(); }
 
 }  // namespace
 

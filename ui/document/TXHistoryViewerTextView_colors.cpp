@@ -4,6 +4,7 @@
 
 #include <QTextLayout>
 
+#include "ui/document/EntryColors.h"
 #include "ui/document/contrast.h"
 
 namespace {
@@ -11,7 +12,6 @@ namespace {
 using LineKind = TXHistoryViewerTextView::LineKind;
 
 constexpr QColor answerOnDark(0xA6, 0xA6, 0xFF);
-constexpr QColor errorOnDark(0xFF, 0x8A, 0x8A);
 
 }  // namespace
 
@@ -23,7 +23,7 @@ QColor TXHistoryViewerTextView::shownColor(LineKind kind, const QColor& settled,
         switch (kind) {
             case LineKind::equation: color = text; break;
             case LineKind::answer: color = answerOnDark; break;
-            case LineKind::error: color = errorOnDark; break;
+            case LineKind::error: color = EntryColors::on(base).error; break;
         }
     }
     return strengthened(color, base, text, readableContrast);

@@ -16,6 +16,7 @@
 #include "ui/document/OutlineAccessible.h"
 #include "ui/document/OutlineRowDelegate.h"
 #include "ui/document/TXVariableOutlineViewController.h"
+#include "ui/document/engineText.h"
 
 namespace {
 
@@ -26,7 +27,7 @@ enum CopyTag { copyName = 0, copyValue = 1, copyNameAndValue = 2 };
 
 QString nameOf(const TXVariable& variable) {
     const std::u16string_view name = variable.variableName();
-    return QString::fromUtf16(name.data(), static_cast<qsizetype>(name.size()));
+    return stringOf(name);
 }
 
 bool isReturn(const QKeyEvent& event) { return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter; }

@@ -10,6 +10,7 @@
 #include "format/TXNumberFormatter.h"
 #include "ui/document/MyDocument.h"
 #include "ui/document/TXOutlineView.h"
+#include "ui/document/engineText.h"
 
 namespace {
 
@@ -21,10 +22,6 @@ constexpr auto rowType = "MyCustomOutlineViewPboardType";
 constexpr auto plainStringType = "text/plain";
 constexpr auto filePromiseType = "application/x-file-promise";
 constexpr auto generalType = "NSGeneralPboard";
-
-QString stringOf(std::u16string_view text) {
-    return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 /// A property list, in XML, that is one string.
 QByteArray propertyListOf(const QString& string) {
