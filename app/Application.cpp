@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 
 #include "app/MainMenu.h"
+#include "app/StartChannel.h"
 #include "ui/document/MyDocument.h"
 
 void Application::introduce() {
@@ -25,3 +26,15 @@ Application::Application() {
 }
 
 void Application::start() { documents_.newDocument(); }
+
+void Application::listen(StartChannel& channel) {
+    channel.listen([this](const QByteArray& activationToken) {
+        // From there Qt takes it when the window asks to be the active one.
+        if (!activationToken.isEmpty()) qputenv("XDG_ACTIVATION_TOKEN", activationToken);
+        documents_.newDocument();
+    });
+#ifndef Q_OS_MACOS
+    // A program that is about to end gives no more answers.
+    connect(&documents_, &DocumentController::lastDocumentClosed, this, [&channel] { channel.close(); });
+#endif
+}

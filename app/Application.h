@@ -5,6 +5,8 @@
 #include "app/AppPreferencesController.h"
 #include "app/DocumentController.h"
 
+class StartChannel;
+
 /// The running program: the open documents, the preferences, and the menus that join them.
 class Application : public QObject {
     Q_OBJECT
@@ -18,6 +20,10 @@ public:
 
     /// Opens the first document. The event loop ends when the last one is closed.
     void start();
+
+    /// Opens a document for each program that is started later and asks for one. The channel must outlive the
+    /// application.
+    void listen(StartChannel& channel);
 
     DocumentController& documents() { return documents_; }
     AppPreferencesController& preferences() { return preferences_; }

@@ -3,8 +3,10 @@
 #include "app/Application.h"
 
 #include <QScopeGuard>
+#include <QTemporaryDir>
 
 #include "tests/support/ApplicationTest.h"
+#include "tests/support/handOver.h"
 
 namespace {
 
@@ -34,6 +36,36 @@ TEST(ApplicationStart, looksAtTheDefaultsOnceAndOpensOneDocument) {
     // What no document knows leaves it with its own separator.
     MyDocument& document = *application.documents().documents().first();
     EXPECT_EQ(document.documentNumberFormatterSettings().thousandsCharacter(), u",");
+}
+
+struct LaterStart : ApplicationTest {
+    LaterStart() {
+        EXPECT_FALSE(channel.hasRunningProgram());
+        application.listen(channel);
+        application.start();
+    }
+    ~LaterStart() override { qunsetenv("XDG_ACTIVATION_TOKEN"); }
+
+    QTemporaryDir folder;
+    StartChannel channel{folder.filePath("tallix")};
+    StartChannel later{folder.filePath("tallix")};
+};
+
+TEST_F(LaterStart, getsAnActiveWindowOfItsOwn) {
+    ASSERT_TRUE(isHandedOver(later));
+    ASSERT_EQ(application.documents().documents().size(), 2);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(application.documents().documents().last()->documentWindow()));
+    EXPECT_FALSE(qEnvironmentVariableIsSet("XDG_ACTIVATION_TOKEN"));
+}
+
+TEST_F(LaterStart, bringsItsLeaveToComeToTheFront) {
+    ASSERT_TRUE(isHandedOver(later, "token-7"));
+    EXPECT_EQ(qgetenv("XDG_ACTIVATION_TOKEN"), "token-7");
+}
+
+TEST_F(LaterStart, isTheFirstOneAfterTheLastWindow) {
+    application.documents().closeAll();
+    EXPECT_FALSE(later.hasRunningProgram());
 }
 
 }  // namespace
