@@ -70,7 +70,11 @@ QString AppPreferencesController::separatorForGroupSeparator(const QString& grou
 }
 
 void AppPreferencesController::ShowPreferencePanel() {
-    if (preferenceController_ == nullptr) preferenceController_ = std::make_unique<PreferenceController>(documents_);
+    if (preferenceController_ == nullptr) {
+        preferenceController_ = std::make_unique<PreferenceController>(documents_);
+        connect(preferenceController_.get(), &PreferenceController::colorsChosen, this,
+                &AppPreferencesController::colorsChosen);
+    }
     preferenceController_->showWindow();
 }
 

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 
+#include "app/Appearance.h"
 #include "app/PreferenceController.h"
 #include "ui/UserDefaults.h"
 
@@ -57,6 +58,10 @@ public:
     PreferenceController* preferenceController() const { return preferenceController_.get(); }
     std::int32_t currentPreferencRevisionNumber() const { return currentPreferencRevisionNumber_; }
     std::int32_t currentAppRevisionNumber() const { return currentAppRevisionNumber_; }
+
+signals:
+    /// The user chose in the preferences how the program is to look.
+    void colorsChosen(Appearance::Choice choice);
 
 private:
     void openPage(const QString& section);

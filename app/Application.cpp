@@ -4,6 +4,7 @@
 #include <QIcon>
 
 #include "app/MainMenu.h"
+#include "app/OutlineStyle.h"
 #include "app/StartChannel.h"
 #include "ui/document/MyDocument.h"
 
@@ -33,6 +34,8 @@ void Application::introduce() {
 }
 
 Application::Application() {
+    OutlineStyle::install();
+    connect(&preferences_, &AppPreferencesController::colorsChosen, &appearance_, &Appearance::setChoice);
     Q_INIT_RESOURCE(icons);
     // A theme may bring an icon of its own. Where none is installed, ours is at hand.
     QGuiApplication::setWindowIcon(QIcon::fromTheme(QString::fromUtf16(id), bundledIcon()));

@@ -3,11 +3,13 @@
 #include <QObject>
 
 #include "app/AppPreferencesController.h"
+#include "app/Appearance.h"
+#include "app/ColorScheme.h"
 #include "app/DocumentController.h"
 
 class StartChannel;
 
-/// The running program: the open documents, the preferences, and the menus that join them.
+/// The running program: the open documents, the preferences, its colours, and the menus that join them.
 class Application : public QObject {
     Q_OBJECT
 
@@ -29,6 +31,8 @@ public:
     AppPreferencesController& preferences() { return preferences_; }
 
 private:
+    ColorScheme colorScheme_;
+    Appearance appearance_{colorScheme_};
     DocumentController documents_;
     AppPreferencesController preferences_{documents_};
 };

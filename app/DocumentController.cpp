@@ -28,6 +28,7 @@ void keepPlace(const QWidget& window) {
 }  // namespace
 
 MyDocument& DocumentController::newDocument() {
+    if (activeDocument_ != nullptr) activeDocument_->rememberLayout();
     auto* document = new MyDocument(this);
     cascade(document->documentWindow());
     add({document, lowestFreeNumber()});
@@ -62,8 +63,11 @@ void DocumentController::add(const OpenDocument& open) {
     activeDocument_ = document;
 }
 
+// The active one last, since it is its window that the next start is to resemble.
 void DocumentController::closeAll() {
-    for (MyDocument* document : documents()) document->close();
+    QList<MyDocument*> closing = documents();
+    if (closing.removeOne(activeDocument_)) closing.append(activeDocument_);
+    for (MyDocument* document : closing) document->close();
 }
 
 QList<MyDocument*> DocumentController::documents() const {

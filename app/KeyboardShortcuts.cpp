@@ -1,9 +1,15 @@
 #include "app/KeyboardShortcuts.h"
 
+#include <QHeaderView>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScrollBar>
+#include <QStyle>
+#include <QTreeWidgetItemIterator>
+#include <algorithm>
 
+#include "ui/document/windowPlace.h"
 #include "ui_KeyboardShortcuts.h"
 
 using namespace Qt::StringLiterals;
@@ -89,4 +95,22 @@ void KeyboardShortcuts::list(const QList<Group>& groups) {
     tree->setColumnWidth(0, tree->columnWidth(0) + roomBetweenColumns);
     tree->setCurrentItem(tree->topLevelItem(0));
     tree->setFocus();
+    fitToColumns();
+}
+
+// As wide as the keys need in the font of the desktop, and no larger than its screen, on which the list then scrolls.
+void KeyboardShortcuts::fitToColumns() {
+    QTreeWidget* const tree = ui_->shortcutList;
+    const QMargins margins = layout()->contentsMargins();
+    int keys = 0;
+    for (QTreeWidgetItemIterator item(tree); *item != nullptr; ++item) {
+        keys = std::max(keys, tree->sizeHintForIndex(tree->indexFromItem(*item, 1)).width());
+    }
+    const int columns = tree->columnWidth(0) + keys;
+    const int rest =
+        2 * tree->frameWidth() + tree->verticalScrollBar()->sizeHint().width() + margins.left() + margins.right();
+    const QSize wished = size().expandedTo(QSize(columns + rest, 0));
+    resize(fittedToScreen(wished, style()->pixelMetric(QStyle::PM_TitleBarHeight)));
+    tree->header()->setStretchLastSection(width() == wished.width());
+    tree->setColumnWidth(1, keys);
 }

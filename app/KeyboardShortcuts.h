@@ -38,6 +38,7 @@ public:
 
 private:
     void list(const QList<Group>& groups);
+    void fitToColumns();
 
     std::unique_ptr<Ui::KeyboardShortcuts> ui_;
 };

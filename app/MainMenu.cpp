@@ -2,6 +2,7 @@
 
 #include <QActionGroup>
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QEvent>
 #include <QMenu>
 
@@ -55,6 +56,15 @@ void repeatMenu(const QMenu& original, QMenu* copy) {
         submenus->addAction(submenu->menuAction());
         followAction(entry, submenu->menuAction());
     }
+}
+
+/// At the caret of what has the focus, as the toolkit does it by itself for the Menu key alone.
+void openContextMenu() {
+    QWidget* const focused = QApplication::focusWidget();
+    if (focused == nullptr) return;
+    const QPoint caret = focused->inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
+    QContextMenuEvent asked(QContextMenuEvent::Keyboard, caret, focused->mapToGlobal(caret));
+    QCoreApplication::sendEvent(focused, &asked);
 }
 
 }  // namespace
@@ -222,8 +232,10 @@ void MainMenu::connectHelpMenu() {
 
 // The keys that no entry of a menu stands for.
 void MainMenu::addKeys() {
-    window_->addActions({ui_->menuBarAction, ui_->moveToPanelAction});
+    window_->addActions({ui_->menuBarAction, ui_->contextMenuAction, ui_->moveToDividerAction, ui_->moveToPanelAction});
     connect(ui_->menuBarAction, &QAction::triggered, ui_->menuBar, &MenuBar::open);
+    connect(ui_->contextMenuAction, &QAction::triggered, this, openContextMenu);
+    connect(ui_->moveToDividerAction, &QAction::triggered, &document_, &MyDocument::moveToNextDivider);
     connect(ui_->moveToPanelAction, &QAction::triggered, this, &MainMenu::moveToPanel);
 }
 

@@ -1,6 +1,8 @@
 #include "app/PreferenceController.h"
 
 #include <QDialog>
+#include <algorithm>
+#include <iterator>
 
 #include "app/DocumentController.h"
 #include "ui/UserDefaults.h"
@@ -17,6 +19,13 @@ constexpr int smallExponentIndex = 0;
 constexpr int capitalExponentIndex = 1;
 constexpr int radiansIndex = 0;
 constexpr int degreesIndex = 1;
+constexpr Appearance::Choice choicesOfColors[] = {Appearance::Choice::followSystem, Appearance::Choice::light,
+                                                  Appearance::Choice::dark};
+
+int indexOfColors(Appearance::Choice choice) {
+    return static_cast<int>(std::find(std::begin(choicesOfColors), std::end(choicesOfColors), choice) -
+                            std::begin(choicesOfColors));
+}
 
 int indexOfSeparator(const QString& separator) {
     if (separator == " ") return blankIndex;
@@ -47,6 +56,7 @@ PreferenceController::PreferenceController(DocumentController& documents)
     for (const QCheckBox* box : {showsAnswerBox(), suggestsNamesBox(), colorsEquationBox()}) {
         connect(box, &QCheckBox::clicked, this, &PreferenceController::changeEntryOptions);
     }
+    connect(colorsBox(), &QComboBox::activated, this, [this] { changeColors(colorsBox()); });
     connect(ui_->closeButton, &QPushButton::clicked, window_.get(), &QDialog::close);
 }
 
@@ -73,6 +83,7 @@ void PreferenceController::windowDidLoad() {
     showsAnswerBox()->setChecked(options.showsAnswer);
     suggestsNamesBox()->setChecked(options.suggestsNames);
     colorsEquationBox()->setChecked(options.colorsEquation);
+    colorsBox()->setCurrentIndex(indexOfColors(Appearance::storedChoice()));
 }
 
 void PreferenceController::showWindow() {
@@ -104,6 +115,11 @@ void PreferenceController::changeEntryOptions() {
     for (MyDocument* document : documents_.documents()) document->setEntryOptions(options);
 }
 
+void PreferenceController::changeColors(const QComboBox* popUp) {
+    const int index = popUp->currentIndex();
+    if (index >= 0 && index < std::ssize(choicesOfColors)) emit colorsChosen(choicesOfColors[index]);
+}
+
 QComboBox* PreferenceController::thousandsSeparatorsBox() const { return ui_->thousandsSeparatorsBox; }
 
 QComboBox* PreferenceController::exponentialCharacterComboBox() const { return ui_->exponentialCharacterComboBox; }
@@ -115,3 +131,5 @@ QCheckBox* PreferenceController::showsAnswerBox() const { return ui_->showsAnswe
 QCheckBox* PreferenceController::suggestsNamesBox() const { return ui_->suggestsNamesBox; }
 
 QCheckBox* PreferenceController::colorsEquationBox() const { return ui_->colorsEquationBox; }
+
+QComboBox* PreferenceController::colorsBox() const { return ui_->colorsBox; }

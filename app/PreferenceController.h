@@ -3,6 +3,8 @@
 #include <QObject>
 #include <memory>
 
+#include "app/Appearance.h"
+
 class DocumentController;
 class QCheckBox;
 class QComboBox;
@@ -35,6 +37,8 @@ public:
     void changeDefaultDocumentAngleUnits(const QComboBox* popUp);
     /// What helps in the entry line, as the three check boxes say. It counts for open documents too.
     void changeEntryOptions();
+    /// Only tells of the choice: whoever shows the colours stores it.
+    void changeColors(const QComboBox* popUp);
 
     /// These two have no behaviour and no place in the window: nullptr.
     QWidget* colorWell() const { return colorWell_; }
@@ -45,11 +49,13 @@ public:
     QCheckBox* showsAnswerBox() const;
     QCheckBox* suggestsNamesBox() const;
     QCheckBox* colorsEquationBox() const;
+    QComboBox* colorsBox() const;
 
 signals:
     // The position that was chosen. The open documents have it with these signals, and it is stored afterwards.
     void thousandsSeparatorChosen(int index);
     void exponentCharacterChosen(int index);
+    void colorsChosen(Appearance::Choice choice);
 
 private:
     void sendChoicesToDocuments();

@@ -13,13 +13,18 @@
 #include "ui/document/MyDocument.h"
 #include "ui/document/TXFormulaEnteringTextView.h"
 #include "ui/document/TXWindow.h"
+#include "ui/document/contrast.h"
+#include "ui/document/windowPlace.h"
 #include "ui_TXGreekLetterPanel.h"
 
 namespace {
 
 constexpr int columnCount = 12;
-constexpr int buttonSize = 34;
-constexpr int letterPointSize = 14;
+constexpr int smallestButton = 34;
+constexpr int buttonPadding = 12;
+constexpr int roomForEntry = 90;  // At the lower end of a window.
+constexpr double smallestLetter = 14.0;
+constexpr double letterFactor = 1.4;  // Of the desktop's font.
 
 /// A flat button that shows where the pointer and the focus are, which the styles do not show on flat ones.
 class LetterButton : public QPushButton {
@@ -30,11 +35,10 @@ protected:
     void paintEvent(QPaintEvent* event) override {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        const QColor color = palette().color(QPalette::Highlight);
-        QColor wash = color;
+        QColor wash = palette().color(QPalette::Highlight);
         wash.setAlphaF(washOpacity);
         painter.setBrush(underMouse() ? QBrush(wash) : QBrush(Qt::NoBrush));
-        painter.setPen(hasFocus() ? QPen(color, ringWidth) : QPen(Qt::NoPen));
+        painter.setPen(hasFocus() ? QPen(focusMarkColor(palette()), ringWidth) : QPen(Qt::NoPen));
         painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), cornerRadius, cornerRadius);
         painter.end();
         QPushButton::paintEvent(event);
@@ -54,7 +58,10 @@ QPoint placeBeside(const QRect& window, const QSize& panel, const QRect& screen)
     for (const QPoint& place : places) {
         if (screen.contains(QRect(place, panel))) return place;
     }
-    return QPoint(window.right() - panel.width() - buttonSize, window.top() + 2 * buttonSize);
+    const int free = std::max(0, window.height() - panel.height() - roomForEntry);
+    const QPoint inside(window.right() - panel.width() - smallestButton,
+                        window.top() + std::min(2 * smallestButton, free));
+    return movedOntoScreen(QRect(inside, panel), 0).topLeft();
 }
 
 }  // namespace
@@ -66,6 +73,7 @@ TXGreekLetterPanel::TXGreekLetterPanel(MyDocument& document)
     ui_->setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
     setAttribute(Qt::WA_ShowWithoutActivating);
+    setLayoutDirection(Qt::LeftToRight);  // The alphabet is, and the arrow keys with it.
     for (const NamedCharacter& letter : greekLetters()) addLetter(letter.character, tr(letter.name));
     layout()->setSizeConstraint(QLayout::SetFixedSize);
     connect(&document, &MyDocument::miniModeChanged, this, &TXGreekLetterPanel::stayAboveWindowInUse);
@@ -76,8 +84,9 @@ TXGreekLetterPanel::~TXGreekLetterPanel() = default;
 void TXGreekLetterPanel::addLetter(char16_t letter, const QString& name) {
     auto* button = new LetterButton(QString(letter), this);
     QFont font = button->font();
-    font.setPointSize(letterPointSize);
+    font.setPointSizeF(std::max(smallestLetter, letterFactor * QFontInfo(font).pointSizeF()));
     button->setFont(font);
+    const int buttonSize = std::max(smallestButton, QFontMetrics(font).height() + buttonPadding);
     button->setFlat(true);
     button->setAttribute(Qt::WA_Hover);
     button->setFixedSize(buttonSize, buttonSize);

@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QLocale>
 #include <cstdio>
 #include <string>
 #include <string_view>
@@ -48,6 +49,7 @@ int runApplication(const LaunchOptions& options, char* programName) {
     if (isHandedOver(channel, programName)) return exitStatus::success;
     ToolkitArguments arguments(programName);
     const QApplication toolkit(arguments.count, static_cast<char**>(arguments.values));
+    QGuiApplication::setLayoutDirection(QLocale::system().textDirection());
     Application application;
     application.listen(channel);
     application.start();

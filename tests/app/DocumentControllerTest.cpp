@@ -74,6 +74,27 @@ TEST_F(Documents, cascade) {
     EXPECT_EQ(openDocument().documentWindow()->pos(), next);
 }
 
+TEST_F(Documents, haveTheLayoutOfTheActiveOne) {
+    MyDocument& first = openDocument();
+    first.documentWindow()->setGeometry(10, 20, 640, 420);
+    first.setSidebarShown(false);
+    MyDocument& second = openDocument();
+    EXPECT_EQ(second.documentWindow()->size(), QSize(640, 420));
+    EXPECT_FALSE(second.isSidebarShown());
+    EXPECT_FALSE(action(second, "sidebarAction")->isChecked());
+}
+
+TEST_F(Documents, leaveTheLayoutOfTheActiveOneToTheNextStart) {
+    MyDocument& first = openDocument();
+    MyDocument& second = openDocument();
+    second.documentWindow()->resize(800, 540);
+    first.documentWindow()->setGeometry(15, 25, 600, 400);
+    first.showWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(first.documentWindow()));
+    application.documents().closeAll();
+    EXPECT_EQ(MyDocument().documentWindow()->geometry(), QRect(15, 25, 600, 400));
+}
+
 TEST_F(Documents, beginAgainAtTheCornerWhereTheScreenEnds) {
     MyDocument& first = openDocument();
     const QRect screen = first.documentWindow()->screen()->availableGeometry();

@@ -10,6 +10,7 @@
 #include <QPrintDialog>
 #include <QPushButton>
 #include <QShortcut>
+#include <QSplitter>
 #include <ostream>
 
 #include "app/TXGreekLetterPanel.h"
@@ -281,6 +282,54 @@ TEST_F(MainMenuTest, isOpenedByF10AndGivesTheFocusBack) {
     QTest::keyClick(menu, Qt::Key_Escape);
     EXPECT_FALSE(menu->isVisible());
     QTest::keyClick(document.documentWindow()->menuBar(), Qt::Key_Escape);
+    EXPECT_TRUE(document.formulaTextView()->hasFocus());
+}
+
+TEST_F(MainMenuTest, opensTheContextMenuByShiftF10AtTheCaret) {
+    MyDocument& document = openDocument();
+    const auto opened = [] {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_F10, Qt::ShiftModifier);
+        return qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    };
+    const auto isAtCaret = [](const QMenu* menu, const TXFormulaEnteringTextView* entry) {
+        const QRect caret = entry->cursorRect().adjusted(-1, 0, 1, 0);
+        return QRect(entry->viewport()->mapToGlobal(caret.topLeft()), caret.size()).contains(menu->pos());
+    };
+    QTest::keyClicks(document.formulaTextView(), "2+3");
+    QTest::keyClick(document.formulaTextView(), Qt::Key_Return);
+    QMenu* menu = opened();
+    ASSERT_NE(menu, nullptr);
+    EXPECT_TRUE(isAtCaret(menu, document.formulaTextView()));
+    menu->close();
+    EXPECT_TRUE(document.formulaTextView()->permissibleToEnterTextFlag());
+
+    document.mainField()->setFocus();
+    EXPECT_EQ(opened(), document.mainField()->wrappingMenu());
+    document.mainField()->wrappingMenu()->close();
+
+    TXOutlineView* const sidebar = document.variableOutlineView();
+    sidebar->setFocus();
+    EXPECT_EQ(opened(), nullptr);  // for a group
+    QTest::keyClick(sidebar, Qt::Key_Down);
+    EXPECT_EQ(opened(), sidebar->wrappingMenu());
+    sidebar->wrappingMenu()->close();
+
+    document.windowShouldZoom();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(document.miniWindow()));
+    document.miniWindow()->move(100, 100);  // where there is room for the menu
+    menu = opened();
+    ASSERT_NE(menu, nullptr);
+    EXPECT_TRUE(isAtCaret(menu, document.activeFormulaTextView()));
+    EXPECT_EQ(menu->actions().last()->text(), "&Full Window");
+    menu->close();
+}
+
+TEST_F(MainMenuTest, movesToTheDividersByF8) {
+    const MyDocument& document = openDocument();
+    QTest::keyClick(document.formulaTextView(), Qt::Key_F8);
+    EXPECT_TRUE(document.mySplitView()->handle(1)->hasFocus());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F8);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F8);
     EXPECT_TRUE(document.formulaTextView()->hasFocus());
 }
 

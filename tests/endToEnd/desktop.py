@@ -55,10 +55,9 @@ class Desktop:
         self.home = pathlib.Path(self.folder.name)
         self.environment = self._environment()
         try:
-            self.environment["DISPLAY"] = self._start_display()
+            self._start_screen()
             self.environment["DBUS_SESSION_BUS_ADDRESS"] = self._start_bus()
-            self._start(["openbox", "--config-file", self._window_manager_settings(), "--sm-disable"])
-            wait_for(lambda: "window id" in self._output("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), "the window manager")
+            self._start_window_manager()
         except BaseException:
             self.__exit__()
             raise
@@ -105,6 +104,13 @@ class Desktop:
         log.close()
         self.processes.append(process)
         return process
+
+    def _start_screen(self):
+        self.environment["DISPLAY"] = self._start_display()
+
+    def _start_window_manager(self):
+        self._start(["openbox", "--config-file", self._window_manager_settings(), "--sm-disable"])
+        wait_for(lambda: "window id" in self._output("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), "the window manager")
 
     def _start_display(self):
         """Xvfb looks for a free number by itself. Of two that start at once, one may lose its number, and ends."""
@@ -300,6 +306,40 @@ class Desktop:
         result = self._run("import", "-window", "root", "-crop", "{}x{}+{}+{}".format(*area), "+repage", str(path))
         if result.returncode != 0:
             raise Timeout("no picture: " + result.stderr)
+
+
+    def color(self, window, x, y):
+        """The colour of one pixel of a window, as "#36363A"."""
+        left, top, _, _ = self.place(window)
+        text = self._output("import", "-window", "root", "-crop", f"1x1+{left + x}+{top + y}", "-depth", "8", "txt:-")
+        return re.search(r"#[0-9A-F]{6}", text)[0]
+
+    def wait_for_color(self, window, place, color):
+        self.wait_for(lambda: self.color(window, *place) == color, f"{color} in a window")
+
+
+class Portal:
+    """A desktop's portal that says whether the desktop is dark."""
+
+    def __init__(self, desktop, value):
+        self.desktop = desktop
+        self.command = ["/usr/bin/python3", "-B", pathlib.Path(__file__).with_name("portal.py"), str(value)]
+
+    def __enter__(self):
+        self.process = subprocess.Popen(self.command, env=self.desktop.environment, stdin=subprocess.PIPE,
+                                        stdout=subprocess.PIPE, text=True)
+        if self.process.stdout.readline() != "ready\n":
+            raise Timeout("the portal did not start")
+        return self
+
+    def __exit__(self, *_):
+        self.process.stdin.close()
+        self.process.wait(PATIENCE)
+        self.process.stdout.close()
+
+    def change(self, value):
+        self.process.stdin.write(f"{value}\n")
+        self.process.stdin.flush()
 
 
 class Program:

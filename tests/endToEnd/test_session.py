@@ -3,9 +3,10 @@
 import os
 import signal
 import unittest
+import unittest.mock
 
 from accessibility import AccessibleDesktop
-from desktop import Desktop, Program, Timeout, wait_for
+from desktop import Desktop, Portal, Program, Timeout, wait_for
 
 FIRST = "Untitled — Tallix"
 SECOND = "Untitled 2 — Tallix"
@@ -193,6 +194,15 @@ class Keys(SessionTest):
         self.desktop.set_keyboard("us", "-variant", "intl")
         self.assert_continues_after("dead_circumflex", "space", then="", line="ans^")
         self.assert_continues_after("dead_circumflex", "dead_circumflex", then="2", line="ans^2")
+
+    def test_dead_keys_beside_the_line_type_into_it(self):
+        desktop = self.desktop
+        desktop.set_keyboard("us", "-variant", "intl")
+        for stop in (["shift+Tab"], ["shift+Tab", "shift+Tab"]):  # the history and the sidebar
+            with self.subTest(stop=stop):
+                desktop.key("ctrl+a", "7", *stop, "dead_circumflex", "space")
+                desktop.type("2")
+                self.assertEqual(desktop.line(), "7^2")
 
     def test_the_compose_key_clears_nothing(self):
         self.desktop.set_keyboard("us", "-option", "compose:menu")
@@ -582,6 +592,33 @@ class HistoryMenu(SessionTest):
         self.assert_quits_after("ctrl+q")
 
 
+class ContextMenuKeys(SessionTest):
+    """The menu opens where the caret is, and clears nothing."""
+
+    def assert_menu_opens(self, key):
+        with self.subTest(key=key):
+            self.desktop.key("ctrl+a")
+            self.desktop.enter("2+3")
+            with self.desktop.menu(lambda: self.desktop.key(key)):
+                self.desktop.key("Escape")
+            self.desktop.type("+")
+            self.assertEqual(self.desktop.line(), "ans+")
+
+    def test_open_it_in_either_window(self):
+        for key in ("Menu", "shift+F10"):
+            self.assert_menu_opens(key)
+        self.change_window()
+        for key in ("Menu", "shift+F10"):
+            self.assert_menu_opens(key)
+
+    def test_open_it_in_the_history(self):
+        desktop = self.desktop
+        desktop.enter("2+3")
+        for key in ("Menu", "shift+F10"):
+            desktop.key("shift+Tab", "ctrl+Home")
+            self.assertEqual(desktop.copied(key, "e"), "2+3")
+
+
 class Inspector(SessionTest):
     TITLE = "Inspector — Tallix"
 
@@ -605,8 +642,8 @@ class Inspector(SessionTest):
         self.assert_quits_after("ctrl+q")
 
 
-class Accessibility(SessionTest):
-    """What a screen reader can read: the controls by their names, and the answers."""
+class AccessibilityTest(SessionTest):
+    """As a screen reader has the program."""
 
     make_desktop = AccessibleDesktop
 
@@ -629,6 +666,36 @@ class Accessibility(SessionTest):
     def assert_described(self, name, description):
         self.read(name, lambda found: found.description == description)
 
+    def told(self, kind):
+        """The changes of this kind so far: what each is of, and its value."""
+        return [(change.role, change.name, change.value) for change in self.desktop.heard(self.program)
+                if change.kind == kind]
+
+    def wait_until_told(self, kind, *expected):
+        """Waits until exactly these were told."""
+        try:
+            wait_for(lambda: self.told(kind) == list(expected), "what a screen reader is told")
+        except Timeout:
+            self.assertEqual(self.told(kind), list(expected))
+
+    def focused(self):
+        """The name of what told last that it has the focus."""
+        names = [name for _, name, has_focus in self.told("focused") if has_focus]
+        return names[-1] if names else None
+
+    def assert_focus_after(self, key, *names):
+        """Presses the key once for each name, which is that of what has the focus then."""
+        for name in names:
+            self.desktop.key(key)
+            try:
+                wait_for(lambda: self.focused() == name, f"the focus on {name!r}")
+            except Timeout:
+                self.assertEqual(self.focused(), name, f"after {key}")
+
+
+class Accessibility(AccessibilityTest):
+    """What can be read: the controls by their names, and the answers."""
+
     def assert_unit(self, unit):
         def is_chosen(control):
             checked = [segment.name for segment in control.children if "checked" in segment.states]
@@ -640,7 +707,7 @@ class Accessibility(SessionTest):
 
     def assert_rows(self, *rows):
         """The rows of the answers in the sidebar."""
-        self.read("Variables", lambda tree: [row.name for row in tree.children if row.name.startswith("ans")] == list(rows))
+        self.read("Variables", lambda tree: [row.name for row in tree.all() if row.name.startswith("ans")] == list(rows))
 
     def test_every_control_has_a_name(self):
         roles = {"Equation": "text", "History": "text", "Variables": "tree", "Number format": "push button",
@@ -684,6 +751,233 @@ class Accessibility(SessionTest):
         self.assert_described("Answer", "0xC0E4")
         self.assert_described("Format", "deg Hexadecimal")
         self.assert_quits_after("ctrl+q")
+
+
+class Colors(DesktopTest):
+    """Light and dark windows, by the desktop's wish or by the user's."""
+
+    PLACE = (60, 400)  # in the sidebar, below its rows
+    LIGHT, DARK = "#EFEFEF", "#36363A"
+    WHITE, BLUE, YELLOW = "255,255,255", "0,0,96", "255,255,0"
+
+    def assert_color(self, color):
+        self.desktop.wait_for_color(self.desktop.active_window(), self.PLACE, color)
+
+    def test_are_light_without_a_wish(self):
+        self.start()
+        self.assert_color(self.LIGHT)
+
+    def test_follow_the_portal(self):
+        with Portal(self.desktop, 1) as portal:
+            self.start()
+            self.assert_color(self.DARK)
+            portal.change(2)
+            self.assert_color(self.LIGHT)
+            portal.change(1)
+            self.assert_color(self.DARK)
+            self.desktop.key("ctrl+q")
+            self.assertEqual(self.program.outcome(), (0, ""))
+
+    def test_are_chosen_in_the_preferences_and_kept(self):
+        desktop = self.desktop
+        self.start()
+        window = desktop.active_window()
+        desktop.key("ctrl+comma")
+        desktop.wait_for_window("Preferences — Tallix")
+        desktop.key("alt+o", "End")
+        desktop.wait_for_color(window, self.PLACE, self.DARK)
+        desktop.key("Escape")
+        desktop.wait_for_window(FIRST)
+        desktop.key("ctrl+q")
+        self.assertEqual(self.program.outcome(), (0, ""))
+        self.start()
+        self.assert_color(self.DARK)
+
+    def test_of_a_desktop_with_a_palette_are_kept(self):
+        colors = f"BackgroundNormal={self.BLUE}\nForegroundNormal={self.WHITE}\n"
+        groups = "".join(f"[Colors:{group}]\n{colors}" for group in ("View", "Window", "Button", "Tooltip"))
+        chosen = f"[Colors:Selection]\nBackgroundNormal={self.YELLOW}\nForegroundNormal={self.BLUE}\n"
+        (self.desktop.settings / "kdeglobals").write_text(groups + chosen)
+        self.enterContext(unittest.mock.patch.dict(self.desktop.environment,
+                                                   {"XDG_CURRENT_DESKTOP": "KDE", "KDE_SESSION_VERSION": "5"}))
+        with Portal(self.desktop, 1):
+            self.start()
+            self.assert_color("#000060")
+
+
+class AccessibilityOfOtherWindows(AccessibilityTest):
+    def open(self, entry, title):
+        """Chooses an entry of a menu, and gives what is in the window with this title then."""
+        # Not by Alt and its mnemonic: keys are offered to the screen reader first, and an Alt that comes back late closes
+        # the menu that it opened.
+        self.desktop.act(self.program, entry, "Press")
+        self.desktop.wait_for_window(title)
+        return wait_for(lambda: self.desktop.accessible_window(self.program), title)
+
+    def assert_controls_have_names(self, window):
+        stops = [one for one in window.all() if {"focusable", "showing"} <= one.states]
+        self.assertNotEqual(stops, [])
+        for stop in stops:
+            self.assertTrue(stop.labels if stop.role == "combo box" else stop.name or stop.role == "table cell", stop)
+
+    def close(self):
+        self.desktop.key("Escape")
+        self.desktop.wait_for_window(FIRST)
+
+    def test_preferences(self):
+        window = self.open("Preferences…", "Preferences — Tallix")
+        self.assertEqual(window.role, "dialog")
+        self.assert_controls_have_names(window)
+        labels = [one.labels for one in window.all() if one.role == "combo box"]
+        self.assertEqual(labels[:3], [["Thousands separator:"], ["Exponent character:"], ["Angles:"]])
+        self.assertIn("is default", window.find("Close").states)
+        self.close()
+
+    def test_keyboard_shortcuts(self):
+        window = self.open("Keyboard Shortcuts", "Keyboard Shortcuts — Tallix")
+        self.assert_controls_have_names(window)
+        names = [row.name for row in window.find("Keyboard shortcuts").children]
+        self.assertEqual(names[names.index("New") + 1], "Ctrl+N")
+        self.close()
+
+    def test_inspector(self):
+        self.assert_controls_have_names(self.open("Inspector", "Inspector — Tallix"))
+        self.close()
+
+    def test_greek_letters(self):
+        self.desktop.key("ctrl+shift+g")
+        wait_for(lambda: self.desktop.windows("Greek Letters"), "the Greek letters")
+        self.desktop.key("F6")
+        self.desktop.wait_for_window("Greek Letters — Tallix")
+        window = wait_for(lambda: self.desktop.accessible_window(self.program), "the Greek letters")
+        self.assert_controls_have_names(window)
+        self.assertEqual({one.role for one in window.all() if one.name == "omega"}, {"push button"})
+        self.assert_focus_after("Right", "beta", "gamma")
+        self.close()
+
+    def test_alerts(self):
+        window = self.open("Save", "Tallix")
+        self.assertEqual(window.role, "alert")
+        self.assertIsNotNone(window.find("Sorry"))
+        self.assertTrue({"is default", "focused"} <= window.find("OK").states)
+        self.close()
+        self.desktop.enter("1+1")
+        window = self.open("Clear Everything…", "Tallix")
+        self.assertIsNotNone(window.find("Clear everything in this window?"))
+        self.assertIn("is default", window.find("Cancel").states)
+        self.close()
+
+    def test_about(self):
+        window = self.open("About Tallix", "About Tallix")
+        texts = " ".join(one.name for one in window.all() if one.role == "label")
+        self.assertRegex(texts, r"(?s)Tallix \d.*MIT.*Qt 6")
+        self.assert_controls_have_names(window)
+        self.close()
+
+    def test_the_find_bar(self):
+        self.desktop.enter("2+3")
+        self.desktop.key("ctrl+f")
+        wait_for(lambda: self.focused() == "Find in history", "the focus in the find bar")
+        self.assert_controls_have_names(self.desktop.accessible_window(self.program))
+        self.assert_focus_after("Tab", "Find previous", "Find next", "Close")
+        self.desktop.key("Escape")
+        wait_for(lambda: self.focused() == "Equation", "the focus in the line")
+
+
+class UseThroughAccessibility(AccessibilityTest):
+    """Calculating without mouse and keyboard, and what is told meanwhile."""
+
+    def assert_spoken(self, *answers):
+        """With Qt 6.8 and later by announcements, before that as descriptions of the line."""
+        def spoken():
+            return [value for kind in ("accessible-description", "announcement")
+                    for _, name, value in self.told(kind) if name == "Equation"]
+
+        try:
+            wait_for(lambda: spoken() == list(answers), "what is spoken")
+        except Timeout:
+            self.assertEqual(spoken(), list(answers))
+
+    def calculate(self, text):
+        self.desktop.insert(self.program, "Equation", text)
+        self.desktop.act(self.program, "Equation", "Press")
+
+    def test_an_equation_is_entered_and_its_answer_told(self):
+        self.calculate("2+3")
+        self.assert_spoken("5")
+        self.read("History", lambda history: history.text.rstrip() == "2+3\n\t= 5")
+        self.calculate("sqrt(16")
+        error = "Error: There is an open parenthesis in the equation -- you are missing a )."
+        self.assert_spoken("5", error)
+        self.change_window()
+        self.assert_spoken("5", error, error)
+        self.desktop.enter("7*6")
+        self.assert_spoken("5", error, error, "42")
+
+    def test_the_same_answer_is_told_again(self):
+        self.desktop.enter("2+3", "", "x=4")
+        self.assert_spoken("5", "5", "x = 4")
+        self.assertEqual(self.focused(), "Equation")
+
+    def test_the_unit_is_chosen(self):
+        self.desktop.act(self.program, "Degrees", "Toggle")
+        self.wait_until_told("checked", ("radio button", "Radians", False), ("radio button", "Degrees", True))
+        self.calculate("sin(30)")
+        self.assert_spoken("0.5")
+
+    def test_a_row_of_the_sidebar_types_its_name_or_folds(self):
+        self.calculate("x=4")
+        self.desktop.insert(self.program, "Equation", "2*")
+        self.desktop.key("End", *["BackSpace"] * 3)
+        self.desktop.act(self.program, "x=4", "Press")
+        self.read("Equation", lambda line: line.text == "2*x")
+        self.desktop.act(self.program, "Defined Variables", "Toggle")
+        self.read("Defined Variables", lambda row: "expanded" not in row.states and not row.children)
+
+
+class FocusOrder(AccessibilityTest):
+    STOPS = ("Number format", "Digits", "Radians", "Mini mode", "Constants", "History", "Equation")
+
+    def test_tab_goes_round_and_shift_tab_back(self):
+        self.assert_focus_after("Tab", *self.STOPS, *self.STOPS)
+        self.assert_focus_after("shift+Tab", *reversed(self.STOPS[:-1]), "Equation")
+
+    def test_what_is_not_there_is_no_stop(self):
+        self.desktop.act(self.program, "Hexadecimal", "Press")  # It has no choice of digits.
+        self.desktop.key("F9")
+        self.assert_focus_after("Tab", "Number format", "Radians", "Mini mode", "History", "Equation")
+
+    def test_the_segments_are_one_stop_and_chosen_by_arrows(self):
+        self.assert_focus_after("Tab", *self.STOPS[:3])
+        self.assert_focus_after("Right", "Degrees")
+        self.wait_until_told("checked", ("radio button", "Radians", False), ("radio button", "Degrees", True))
+        self.assert_focus_after("shift+Tab", "Digits")
+        self.assert_focus_after("Tab", "Degrees")
+        self.assert_focus_after("Left", "Radians")
+
+    def test_the_sidebar_is_used_by_keys(self):
+        desktop = self.desktop
+        desktop.enter("x=4")
+        self.assert_focus_after("shift+Tab", "History", "Constants")
+        self.assert_focus_after("Down", "pi=3.14159265358979")
+        self.assert_focus_after("Left", "Constants")
+        desktop.key("Left")
+        self.read("Constants", lambda row: "expanded" not in row.states)
+        desktop.key("Right")
+        self.read("Constants", lambda row: "expanded" in row.states)
+        self.assert_focus_after("End", "x=4")
+        self.assertTrue({"focused", "selected"} <= self.read("x=4").states)
+        self.assertEqual(desktop.copied("ctrl+c"), "x=4")
+        self.assertEqual(desktop.copied("shift+F10", "Down", "Down", "Return"), "4")
+        self.assert_focus_after("Return", "Equation")
+        self.assertEqual(desktop.line(), "x")
+
+    def test_the_dividers_are_reached_by_f8(self):
+        self.assert_focus_after("F8", "Sidebar width", "Entry height", "Equation", "Sidebar width")
+        self.assertEqual(self.read("Sidebar width").role, "separator")
+        self.desktop.key("Right")
+        self.desktop.type("1")
+        self.assertEqual(self.desktop.line(), "1")
 
 
 class StartedAgain(SessionTest):

@@ -7,6 +7,7 @@
 int main(int argc, char** argv) {
     const QTemporaryDir settings;
     qputenv("XDG_CONFIG_HOME", settings.path().toLocal8Bit());
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "none:");  // Not the user's desktop, with its colours.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleTest(&argc, argv);
 

@@ -1,10 +1,11 @@
 #include "ui/document/EntryColors.h"
 
+#include "ui/document/contrast.h"
+
 const EntryColors& EntryColors::on(const QColor& background) {
-    constexpr int middle = 128;
     static const EntryColors onLight{
         {0x6B, 0x6B, 0x70}, {0xD4, 0x18, 0x18}, {0x1D, 0x58, 0x9C}, {0x7A, 0x2E, 0x8E}, {0x13, 0x66, 0x4F}};
     static const EntryColors onDark{
         {0xA0, 0xA0, 0xA6}, {0xFF, 0x8A, 0x8A}, {0x8F, 0xC1, 0xF5}, {0xDB, 0xA6, 0xEA}, {0x84, 0xD3, 0xB8}};
-    return qGray(background.rgb()) < middle ? onDark : onLight;
+    return isDark(background) ? onDark : onLight;
 }

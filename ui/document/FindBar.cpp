@@ -19,6 +19,7 @@ FindBar::FindBar(QWidget* parent) : QWidget(parent), ui_(std::make_unique<Ui::Fi
     ui_->findPreviousButton->setToolTip(withKey(tr("Find previous"), "Shift+F3"));
     ui_->findCloseButton->setToolTip(withKey(tr("Close"), "Esc"));
     setFocusProxy(ui_->findField);
+    ui_->findField->setLayoutDirection(Qt::LeftToRight);  // as the equations are
     connect(ui_->findField, &QLineEdit::textEdited, this, &FindBar::edited);
     connect(ui_->findNextButton, &QToolButton::clicked, this, &FindBar::nextRequested);
     connect(ui_->findPreviousButton, &QToolButton::clicked, this, &FindBar::previousRequested);

@@ -22,7 +22,6 @@ LiveAnswer::LiveAnswer(TXFormulaEnteringTextView& entry, double relativeSize)
     connect(&entry, &QPlainTextEdit::selectionChanged, this, &LiveAnswer::waitForRest);
     connect(&entry, &QPlainTextEdit::updateRequest, this, &LiveAnswer::place);
     entry.installEventFilter(this);
-    takeLook();
 }
 
 void LiveAnswer::waitForRest() {
@@ -33,7 +32,7 @@ void LiveAnswer::waitForRest() {
 
 void LiveAnswer::findOut() {
     setText(answer());
-    place();
+    takeLook();
 }
 
 QString LiveAnswer::answer() const {
@@ -49,7 +48,9 @@ QString LiveAnswer::answer() const {
     return document->previewOfLine(line);
 }
 
+// Not before there is something to show: a font takes long to load.
 void LiveAnswer::takeLook() {
+    if (text().isEmpty()) return;
     QFont font = entry_.font();
     font.setPointSizeF(QFontInfo(font).pointSizeF() * relativeSize_);
     setFont(font);
@@ -61,13 +62,14 @@ void LiveAnswer::takeLook() {
 
 // On the line's own baseline, with its end where the line's room ends.
 void LiveAnswer::place() {
+    if (text().isEmpty()) return;
     const QWidget* const viewport = entry_.viewport();
     const QSize size = sizeHint();
     const int right = viewport->geometry().right() + 1 - qCeil(entry_.document()->documentMargin());
     const int baseline = viewport->y() + entry_.lineTop() + entry_.fontMetrics().ascent();
     setGeometry(right - size.width(), baseline - fontMetrics().ascent(), size.width(), size.height());
     const int endOfText = viewport->x() + entry_.endOfText();
-    setVisible(!text().isEmpty() && endOfText + leastDistance <= x());
+    setVisible(endOfText + leastDistance <= x());
 }
 
 bool LiveAnswer::eventFilter(QObject* watched, QEvent* event) {

@@ -66,6 +66,7 @@ QSize MiniModeAnswerField::minimumSizeHint() const { return {0, std::max(fieldHe
 
 void MiniModeAnswerField::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
+    painter.setLayoutDirection(layoutDirection());  // By itself it would take the desktop's.
     drawFrame(&painter);
     const int flags = static_cast<int>(alignment()) | (wordWrap() ? Qt::TextWordWrap : Qt::TextSingleLine);
     const QString shown = shownText();

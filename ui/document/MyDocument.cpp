@@ -1,9 +1,12 @@
 #include "ui/document/MyDocument.h"
 
+#include <QKeyEvent>
+#include <QSplitterHandle>
 #include <QWheelEvent>
 #include <algorithm>
 
 #include "ui/UserDefaults.h"
+#include "ui/document/EntryAccessible.h"
 #include "ui/document/MiniModeAnswerField.h"
 #include "ui/document/TXFormulaEnteringMiniModeTextField.h"
 #include "ui/document/TXFormulaEnteringTextView.h"
@@ -42,9 +45,16 @@ MyDocument::MyDocument(QObject* parent)
     init();
     loadWindows();
     windowControllerDidLoadNib();
+    takeLastLayout();
 }
 
 MyDocument::~MyDocument() {
+    // What happens to the windows from now on is only that they go.
+    documentWindow_->removeEventFilter(this);
+    miniWindow_->removeEventFilter(this);
+    // They go one after the other, and until then an input method may ask them for the line.
+    mainField()->setParentDocument(nullptr);
+    variableOutlineView()->setParentDocument(nullptr);
     if (globalVariableArray == &documentEquationController_.variableArray()) globalVariableArray = nullptr;
 }
 
@@ -59,16 +69,16 @@ void MyDocument::init() {
 }
 
 void MyDocument::loadWindows() {
+    QAccessible::installFactory(&EntryAccessible::make);  // Once: it is known by its address.
     documentWindow_ = std::make_unique<TXWindow>();
     ui_->setupUi(documentWindow_.get());
     miniWindow_ = std::make_unique<QWidget>();
     miniUi_->setupUi(miniWindow_.get());
-    takeTextSize();
+    showTextSize();
 
     mainField()->awakeFromNib();
     mainField()->setParentDocument(this);
     ui_->secondaryControlledView->setBackgroundRole(QPalette::Base);  // one sheet with the history
-    ui_->bottomBarLine->setBackgroundRole(QPalette::Mid);
     prepareFormatControls();
     prepareMiniWindow();
     prepareSidebar();
@@ -82,6 +92,15 @@ void MyDocument::loadWindows() {
         entry->awakeFromNib();
     }
     fixHeightOfMiniWindow();
+    keepEquationsLeftToRight();
+}
+
+// On a mirrored desktop, too: what is around them is mirrored.
+void MyDocument::keepEquationsLeftToRight() {
+    for (QWidget* view :
+         std::initializer_list<QWidget*>{secondaryControlledView(), miniModeformulaTextView(), miniModeAnswerField()}) {
+        view->setLayoutDirection(Qt::LeftToRight);
+    }
 }
 
 // The mini window is dark on every desktop.
@@ -149,11 +168,17 @@ void MyDocument::close() { activeWindow()->close(); }
 bool MyDocument::eventFilter(QObject* watched, QEvent* event) {
     const bool isWindow = watched == documentWindow_.get() || watched == miniWindow_.get();
     if (isWindow && event->type() == QEvent::WindowActivate) emit activated();
+    if (isWindow && event->type() == QEvent::WindowDeactivate) rememberLayout();
     if (isWindow && event->type() == QEvent::Close) {
+        if (activeWindow()->isActiveWindow()) rememberLayout();
         if (watched == miniWindow()) rememberMiniWindow(miniWindow()->geometry());
         emit closed();
     }
+    if (event->type() == QEvent::KeyPress && qobject_cast<QSplitterHandle*>(watched) != nullptr) {
+        return leaveDividerByKey(static_cast<QKeyEvent*>(event));
+    }
     if (isZoomRequest(watched, *event)) emit zoomRequested();
+    if (watched == documentWindow_.get() && event->type() == QEvent::LayoutRequest) keepRoomForControls();
     if (event->type() == QEvent::Resize) followResizing(watched);
     if (event->type() == QEvent::Wheel && changeTextSizeByWheel(static_cast<const QWheelEvent&>(*event))) return true;
     return QObject::eventFilter(watched, event);

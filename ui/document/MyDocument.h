@@ -17,13 +17,16 @@
 #include "ui/document/TXFormulaScrollerController.h"
 
 class FindBar;
+class HistoryPages;
 class MiniModeAnswerField;
 class PullDownButton;
 class QAction;
 class QActionGroup;
+class QInputMethodEvent;
 class QKeyEvent;
 class QMenu;
 class QPagedPaintDevice;
+class QPrinter;
 class QSplitter;
 class QWheelEvent;
 class SegmentedControl;
@@ -37,6 +40,7 @@ class TXHistoryViewerTextView;
 class TXOutlineView;
 class TXVariableOutlineViewController;
 class TXWindow;
+class UserDefaults;
 
 namespace Ui {
 class MiniWindow;
@@ -96,6 +100,11 @@ public:
     /// Gives a key that was pressed elsewhere in the window to the active entry, with the focus, if it types something.
     /// Or else gives false.
     bool typeIntoEntry(QKeyEvent* event) const;
+    /// The same for what an input method composes elsewhere, beginning with a dead key. The focus follows when the text
+    /// is complete, since the input method would give up a composition that loses it.
+    void composeIntoEntry(QInputMethodEvent* event) const;
+    /// What an input method that composes in `view` is to know of the active entry, with places in the view.
+    QVariant inputMethodQueryOfEntry(Qt::InputMethodQuery query, const QWidget& view) const;
     /// Scrolls the history by a page, up when `pages` is negative.
     void scrollHistory(int pages) const;
     /// Empties the shown history. The session with its variables and the scrollback stay.
@@ -147,8 +156,10 @@ public:
 
     /// Asks how to print the history, in a sheet of the window, and prints it.
     void printDocument() const;
-    /// Prints the history, in its normal size whatever its size in the window.
-    void printHistory(QPagedPaintDevice* printer) const;
+    /// Prints the history, in its normal size whatever its size in the window. Whether it could be printed.
+    bool printHistory(QPagedPaintDevice* device) const;
+    /// Prints it as the printer is set up, and says in an alert why it could not be printed.
+    void printHistoryOn(QPrinter* printer) const;
     /// Asks whether to forget everything, in a sheet of the window, and does it.
     void askToClearEverything();
     /// Begins anew: forgets the session's variables and equations, the history and the scrollback, and empties the
@@ -195,11 +206,19 @@ public:
     /// Shows or hides the sidebar. When it goes with the focus, the entry line gets the focus.
     void setSidebarShown(bool isShown);
 
+    /// Gives the divider beside the sidebar the focus, then the one above the entry, and then the entry line again.
+    void moveToNextDivider();
+
     /// To be asked before a window changes its size: notes the sizes of the panes that are to stay, and gives the size
     /// that the window may have. Only the width of the mini window can change.
     QSize windowWillResize(const QWidget& window, QSize toSize);
     /// To be told after the full window changed its size: gives the sidebar its width back and the entry its height.
     void windowDidResize();
+
+    // MyDocument_layout.cpp
+    /// Stores the full window's place, its panes and the size of its text for the documents that are made from now on.
+    /// The window does it by itself when another one gets active, and when it is closed.
+    void rememberLayout() const;
 
     TXWindow* documentWindow() const { return documentWindow_.get(); }
     QWidget* miniWindow() const { return miniWindow_.get(); }
@@ -291,12 +310,20 @@ private:
     void forgetClearedHistory();
     void goOnFinding(FindFrom from);
     void showMatch(FindFrom from);
+    void takeLastLayout();
+    void keepRoomForControls();
+    void takeLastPlace(const UserDefaults& defaults);
+    void takeLastPanes(const UserDefaults& defaults);
     void takeTextSize();
+    void rememberTextSize(UserDefaults* defaults) const;
+    int growthOfEntryLine() const;
     void showTextSize();
     bool changeTextSizeByWheel(const QWheelEvent& event);
     void showSidebarForTheFirstTime();
     void followResizing(const QObject* watched);
+    bool leaveDividerByKey(QKeyEvent* event) const;
     void fixHeightOfMiniWindow();
+    void keepEquationsLeftToRight();
     void takeUserDefaults();
     QString variableNameOf(const TXResult& result) const;
     void copyAnswer(const TXNumberFormatterSettings& settings) const;
@@ -322,6 +349,7 @@ private:
     bool isZoomRequest(const QObject* window, const QEvent& event) const;
     void refreshMiniModeFormatLabel();
     void showMiniModeMenu(const QPoint& position);
+    HistoryPages historyPages() const;
     void showSorry(const QString& message);
 
     std::unique_ptr<Ui::MyDocument> ui_;
@@ -343,6 +371,8 @@ private:
     std::unique_ptr<TXVariableOutlineViewController> variableOutlineViewController_;
     EntryOptions entryOptions_;
     int textSize_ = normalTextSize;
+    int normalLineHeight_ = 0;
+    QSize smallestSize_;       ///< Of the full window, whatever the font.
     int wheelMovement_ = 0;    ///< Less than a step of the wheel.
     QString lineWhenCleared_;  ///< When the history was cleared.
     bool keepsMiniWindowOnTop_ = false;

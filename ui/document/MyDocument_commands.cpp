@@ -9,9 +9,8 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
-#include <QTextDocument>
-#include <memory>
 
+#include "ui/document/HistoryPages.h"
 #include "ui/document/TXFormulaEnteringMiniModeTextField.h"
 #include "ui/document/TXHistoryViewerTextView.h"
 #include "ui/document/TXWindow.h"
@@ -35,23 +34,22 @@ QPrinter& sharedPrinter() {
         QPrinter printer{QPrinter::HighResolution};
     };
     static QPointer<Holder> holder;
-    if (holder.isNull()) holder = new Holder(qApp);
+    if (holder.isNull()) {
+        holder = new Holder(qApp);
+        // A printer knows its own paper; a file takes what is usual.
+        if (holder->printer.outputFormat() == QPrinter::PdfFormat) {
+            holder->printer.setPageSize(QPageSize(HistoryPages::usualPaper(QLocale())));
+        }
+    }
     return holder->printer;
 }
 
-}  // namespace
-
-void MyDocument::saveDocument() { showSorry(savingMessage); }
-
-void MyDocument::openDocument() { showSorry(openingMessage); }
-
-void MyDocument::showSorry(const QString& message) {
-    beep();
-    auto* alert =
-        new QMessageBox(QMessageBox::Information, QString(), QStringLiteral("Sorry"), QMessageBox::Ok, activeWindow());
+/// An alert of the window, with its text in bold above the details.
+void showAlert(QWidget* window, QMessageBox::Icon icon, const QString& text, const QString& details) {
+    auto* alert = new QMessageBox(icon, QString(), text, QMessageBox::Ok, window);
     alert->setAttribute(Qt::WA_DeleteOnClose);
     alert->setTextFormat(Qt::PlainText);
-    alert->setInformativeText(message);
+    alert->setInformativeText(details);
     alert->setDefaultButton(QMessageBox::Ok);
     alert->button(QMessageBox::Ok)->setIcon(QIcon());
     if (auto* title = alert->findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))) {
@@ -62,17 +60,34 @@ void MyDocument::showSorry(const QString& message) {
     alert->open();
 }
 
+}  // namespace
+
+void MyDocument::saveDocument() { showSorry(savingMessage); }
+
+void MyDocument::openDocument() { showSorry(openingMessage); }
+
+void MyDocument::showSorry(const QString& message) {
+    beep();
+    showAlert(activeWindow(), QMessageBox::Information, QStringLiteral("Sorry"), message);
+}
+
 void MyDocument::printDocument() const {
     auto* dialog = new QPrintDialog(&sharedPrinter(), documentWindow());
     dialog->setAttribute(Qt::WA_DeleteOnClose);
-    connect(dialog, qOverload<QPrinter*>(&QPrintDialog::accepted), this, &MyDocument::printHistory);
+    connect(dialog, qOverload<QPrinter*>(&QPrintDialog::accepted), this, &MyDocument::printHistoryOn);
     dialog->open();
 }
 
-void MyDocument::printHistory(QPagedPaintDevice* printer) const {
-    const std::unique_ptr<QTextDocument> history(mainField()->document()->clone());
-    history->setDefaultFont(documentFont_);
-    history->print(printer);
+void MyDocument::printHistoryOn(QPrinter* printer) const {
+    const QString complaint = historyPages().printTo(printer);
+    if (complaint.isEmpty()) return;
+    showAlert(activeWindow(), QMessageBox::Warning, tr("The history could not be printed."), complaint);
+}
+
+bool MyDocument::printHistory(QPagedPaintDevice* device) const { return historyPages().print(device); }
+
+HistoryPages MyDocument::historyPages() const {
+    return {*mainField()->document(), documentFont_, documentWindow()->windowTitle(), QDate::currentDate()};
 }
 
 void MyDocument::askToClearEverything() {
@@ -101,6 +116,7 @@ void MyDocument::clearEverything() {
     entry->setText(QString());
     entry->setWasFormulaJustCalculated(false);
     entry->setPermissibleToEnterTextFlag(false);
+    entry->setAccessibleDescription(QString());  // the last answer
     reloadSidebar();
     showLastAnswerInMiniWindow();
     emit canUndoClearHistoryChanged();

@@ -4,6 +4,7 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QScrollBar>
 
@@ -40,6 +41,18 @@ bool MyDocument::typeIntoEntry(QKeyEvent* event) const {
     activeFormulaTextView()->setFocus();
     activeFormulaTextView()->keyDown(event);
     return true;
+}
+
+void MyDocument::composeIntoEntry(QInputMethodEvent* event) const {
+    QCoreApplication::sendEvent(activeFormulaTextView(), event);
+    if (!event->commitString().isEmpty()) activeFormulaTextView()->setFocus();
+}
+
+QVariant MyDocument::inputMethodQueryOfEntry(Qt::InputMethodQuery query, const QWidget& view) const {
+    const TXFormulaEnteringTextView* entry = activeFormulaTextView();
+    const QVariant answer = entry->inputMethodQuery(query);
+    const QPoint offset = entry->mapTo(entry->window(), QPoint()) - view.mapTo(view.window(), QPoint());
+    return query == Qt::ImCursorRectangle ? answer.toRectF().translated(offset) : answer;
 }
 
 void MyDocument::scrollHistory(int pages) const {

@@ -2,6 +2,7 @@
 
 #include "ui/document/MyDocument.h"
 
+#include <QAccessible>
 #include <QTextCharFormat>
 
 #include "ui/document/MiniModeAnswerField.h"
@@ -36,6 +37,16 @@ struct LineAttributes {
     QTextCharFormat error = colored(0.83F, 0.094F, 0.094F);
 };
 
+/// Lets a screen reader say what became of the line, where the focus stays.
+void announce(QWidget& entry, const QString& answer) {
+#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+    QAccessibleAnnouncementEvent announcement(&entry, answer);
+    QAccessible::updateAccessibility(&announcement);
+#else
+    entry.setAccessibleDescription(answer);
+#endif
+}
+
 }  // namespace
 
 /// What is shown for a result.
@@ -57,6 +68,7 @@ void MyDocument::equationEntered() {
     reloadSidebar();
     documentFormulaScrollerController_.addCalculatedString(entry->text());
     entry->selectWholeText();
+    announce(*entry, answer.miniForm);
     emit sessionChanged();
 }
 

@@ -79,7 +79,7 @@ void MyDocument::fillDigitMenu() {
     auto* menu = new QMenu(button);
     digitItems_ = new QActionGroup(menu);
     button->setMenu(menu);
-    addDigitItem(menu, automaticTag, tr("&Auto Digit Formatting"))->setChecked(true);
+    addDigitItem(menu, automaticTag, QStringLiteral("&Auto Digit Formatting"))->setChecked(true);
 
     QMenu* figures = menu->addMenu(tr("&Significant Figures"));
     addDigitItem(figures, firstFiguresTag, tr("&1 Figure"));
@@ -204,12 +204,13 @@ void MyDocument::refreshAddZerosItem(int tag) {
     if (tag > firstPlacesTag) zeros->setChecked(documentNumberFormatterSettings_.addZerosInDecimalMode());
 }
 
+// These titles are the same in every language, and the entry that has one of them as well.
 QString MyDocument::digitTitle(unsigned int index) {
-    if (index == automaticTag) return tr("Auto Digit Formatting");
-    if (index == firstFiguresTag) return tr("1 Significant Figure");
-    if (index < firstPlacesTag) return tr("%1 Significant Figures").arg(index);
-    if (index == firstPlacesTag + 1) return tr("1 Decimal Place");
-    if (index <= lastPlacesTag) return tr("%1 Decimal Places").arg(index - firstPlacesTag);
+    if (index == automaticTag) return QStringLiteral("Auto Digit Formatting");
+    if (index == firstFiguresTag) return QStringLiteral("1 Significant Figure");
+    if (index < firstPlacesTag) return QStringLiteral("%1 Significant Figures").arg(index);
+    if (index == firstPlacesTag + 1) return QStringLiteral("1 Decimal Place");
+    if (index <= lastPlacesTag) return QStringLiteral("%1 Decimal Places").arg(index - firstPlacesTag);
     return {};
 }
 

@@ -10,13 +10,13 @@
 #include <QScreen>
 #include <QStyle>
 #include <QWindow>
-#include <algorithm>
 
 #include "ui/UserDefaults.h"
 #include "ui/document/MiniModeAnswerField.h"
 #include "ui/document/PullDownButton.h"
 #include "ui/document/TXFormulaEnteringMiniModeTextField.h"
 #include "ui/document/TXWindow.h"
+#include "ui/document/windowPlace.h"
 #include "ui_MiniWindow.h"
 #include "ui_MyDocument.h"
 
@@ -24,21 +24,6 @@ namespace {
 
 constexpr auto placeKey = "miniWindowPlace";
 constexpr auto keepOnTopKey = "keepMiniWindowOnTop";
-
-/// A window's place without its frame moved, and made as narrow as needed, so that all of it is on a screen, and its
-/// title bar too; an empty one as it is.
-QRect movedOntoScreen(QRect place, int titleBarHeight) {
-    if (place.isEmpty()) return place;
-    const QScreen* screen = QGuiApplication::screenAt(place.center());
-    QRect area = (screen != nullptr ? screen : QGuiApplication::primaryScreen())->availableGeometry();
-    area.setTop(area.top() + titleBarHeight);
-    place.setWidth(std::min(place.width(), area.width()));
-    place.moveRight(std::min(place.right(), area.right()));
-    place.moveBottom(std::min(place.bottom(), area.bottom()));
-    place.moveLeft(std::max(place.left(), area.left()));
-    place.moveTop(std::max(place.top(), area.top()));
-    return place;
-}
 
 /// A plain widget is no window for assistive technology, wherever it is.
 QAccessibleInterface* makeWindow(const QString& /*className*/, QObject* object) {
@@ -75,6 +60,7 @@ bool MyDocument::windowShouldZoom() {
         rememberMiniWindow(miniWindow()->geometry());
     }
     activeFormulaTextView()->takeOver(*from);
+    activeFormulaTextView()->setAccessibleDescription(from->accessibleDescription());
     showWindow();
     shown->hide();
     emit miniModeChanged(isSmallWindowShown_);
@@ -134,7 +120,7 @@ void MyDocument::setKeepsMiniWindowOnTop(bool isOnTop) {
     emit keepsMiniWindowOnTopChanged(isOnTop);
 }
 
-bool MyDocument::canKeepMiniWindowOnTop(const QString& platform) { return !platform.startsWith(u"wayland"); }
+bool MyDocument::canKeepMiniWindowOnTop(const QString& platform) { return canPlaceWindows(platform); }
 
 void MyDocument::refreshMiniModeFormatLabel() {
     QString text = documentEquationController_.useRadians() ? tr("rad") : tr("deg");

@@ -4,9 +4,11 @@
 
 #include <QEvent>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <algorithm>
 #include <utility>
 
+#include "ui/document/SplitView.h"
 #include "ui/document/TXFormulaEnteringTextView.h"
 #include "ui/document/TXOutlineView.h"
 #include "ui/document/TXVariableOutlineViewController.h"
@@ -37,6 +39,9 @@ void MyDocument::prepareSidebar() {
     variableOutlineView()->awakeFromNib();
     mySplitView()->installEventFilter(this);
     mySplitView()->setSizes({qRound(currentWidth_), documentWindow_->width()});
+    ui_->mySplitView->divider()->setAccessibleName(tr("Sidebar width"));
+    ui_->secondarySplitView->divider()->setAccessibleName(tr("Entry height"));
+    for (const SplitView* view : {ui_->mySplitView, ui_->secondarySplitView}) view->divider()->installEventFilter(this);
 }
 
 void MyDocument::showSidebarForTheFirstTime() {
@@ -51,10 +56,31 @@ bool MyDocument::isSidebarShown() const { return !controlledView()->isHidden(); 
 
 void MyDocument::setSidebarShown(bool isShown) {
     if (isShown == isSidebarShown()) return;
-    const bool hadFocus = variableOutlineView()->hasFocus();
+    const bool hadFocus = variableOutlineView()->hasFocus() || ui_->mySplitView->divider()->hasFocus();
     if (!isShown) currentWidth_ = static_cast<float>(controlledView()->width());
     controlledView()->setVisible(isShown);
     if (hadFocus && !isShown) formulaTextView()->setFocus();
+}
+
+void MyDocument::moveToNextDivider() {
+    if (isSmallWindowShown_) return;
+    QWidget* const sidebarDivider = ui_->mySplitView->divider();
+    QWidget* const entryDivider = ui_->secondarySplitView->divider();
+    if (entryDivider->hasFocus()) {
+        formulaTextView()->setFocus();
+    } else if (isSidebarShown() && !sidebarDivider->hasFocus()) {
+        sidebarDivider->setFocus();
+    } else {
+        entryDivider->setFocus();
+    }
+}
+
+// What moves no divider is meant for the entry line, or only leads back there.
+bool MyDocument::leaveDividerByKey(QKeyEvent* event) const {
+    const int key = event->key();
+    const bool isDone = key == Qt::Key_Escape || key == Qt::Key_Return || key == Qt::Key_Enter;
+    if (isDone) formulaTextView()->setFocus();
+    return isDone || typeIntoEntry(event);
 }
 
 QSize MyDocument::windowWillResize(const QWidget& /*window*/, QSize toSize) {

@@ -27,32 +27,33 @@ QFont sized(QFont font, double points) {
 }
 
 int nearestTextSize(int wished) {
-    const int steps = qRound(static_cast<double>(wished) / MyDocument::textSizeStep);
-    return std::clamp(steps * MyDocument::textSizeStep, MyDocument::smallestTextSize, MyDocument::largestTextSize);
+    const int size = std::clamp(wished, MyDocument::smallestTextSize, MyDocument::largestTextSize);
+    return qRound(static_cast<double>(size) / MyDocument::textSizeStep) * MyDocument::textSizeStep;
 }
 
 }  // namespace
 
-// The pane of a new window's entry is as much higher as its line is.
 void MyDocument::takeTextSize() {
-    showTextSize();
-    const int normalLine = formulaTextView()->sizeHint().height();
+    normalLineHeight_ = formulaTextView()->sizeHint().height();
     const int stored = UserDefaults().interfaceValueForKey(textSizeKey).toInt();
     if (stored != 0) textSize_ = nearestTextSize(stored);
     showTextSize();
-    const int growth = formulaTextView()->sizeHint().height() - normalLine;
-    secondarySplitView()->setSizes({documentWindow_->height(), qRound(secondaryCurrentWidth_) + growth});
 }
+
+void MyDocument::rememberTextSize(UserDefaults* defaults) const { defaults->setInterfaceValue(textSize_, textSizeKey); }
+
+// By which the entry's pane is higher than it is with the normal text.
+int MyDocument::growthOfEntryLine() const { return formulaTextView()->sizeHint().height() - normalLineHeight_; }
 
 void MyDocument::setTextSize(int wished) {
     const int size = nearestTextSize(wished);
     if (size == textSize_) return;
-    const int lineBefore = formulaTextView()->sizeHint().height();
+    const int growthBefore = growthOfEntryLine();
     textSize_ = size;
-    UserDefaults().setInterfaceValue(size, textSizeKey);
+    UserDefaults defaults;
+    rememberTextSize(&defaults);
     showTextSize();
-    const int growth = formulaTextView()->sizeHint().height() - lineBefore;
-    const int pane = secondaryControlledView()->height() + growth;
+    const int pane = secondaryControlledView()->height() + growthOfEntryLine() - growthBefore;
     const int rest = secondarySplitView()->height() - secondarySplitView()->handleWidth() - pane;
     secondarySplitView()->setSizes({std::max(0, rest), pane});
     emit textSizeChanged(size);

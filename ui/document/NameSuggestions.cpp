@@ -10,6 +10,7 @@
 #include "ui/document/EntryColors.h"
 #include "ui/document/MyDocument.h"
 #include "ui/document/TXFormulaEnteringTextView.h"
+#include "ui/document/contrast.h"
 #include "ui/document/equationMarks.h"
 
 namespace {
@@ -19,7 +20,7 @@ constexpr int rowPadding = 6;
 constexpr int sideMargin = 6;
 constexpr int columnDistance = 12;
 constexpr int distanceFromLine = 2;
-constexpr float outlineShare = 0.35F;  // of the text's colour
+constexpr int outlineShare = 90;  // 255ths of the text's colour
 constexpr int meaningRole = Qt::UserRole;
 constexpr int isFunctionRole = Qt::UserRole + 1;
 
@@ -106,12 +107,8 @@ void NameSuggestions::fill(const QList<NameSuggestion>& suggestions) {
 // A list in a window of its own has the colours of the desktop, of which the outline is a mixture.
 void NameSuggestions::takeColors() {
     QPalette colors = QGuiApplication::palette();
-    const QColor text = colors.color(QPalette::Text);
-    const QColor base = colors.color(QPalette::Base);
-    const auto mixed = [](float front, float back) { return front * outlineShare + back * (1.0F - outlineShare); };
     colors.setColor(QPalette::WindowText,
-                    QColor::fromRgbF(mixed(text.redF(), base.redF()), mixed(text.greenF(), base.greenF()),
-                                     mixed(text.blueF(), base.blueF())));
+                    mixed(colors.color(QPalette::Text), colors.color(QPalette::Base), outlineShare));
     setPalette(colors);
 }
 

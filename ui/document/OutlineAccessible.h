@@ -7,7 +7,8 @@
 
 class TXOutlineView;
 
-/// The sidebar for screen readers and the like: a tree whose children are the rows that are not folded away.
+/// The sidebar for screen readers and the like: a tree with the groups, which have their members as children as long as
+/// they are unfolded. A row's action does what Return does: it types the variable's name, or folds and unfolds.
 class OutlineAccessible : public QAccessibleWidget {
 public:
     explicit OutlineAccessible(TXOutlineView& view);
@@ -20,6 +21,7 @@ public:
 
     /// What stands for the row; it stays the same as long as the row is there.
     QAccessibleInterface* rowOf(const QModelIndex& index) const;
+    TXOutlineView& view() const { return view_; }
 
     int childCount() const override;
     QAccessibleInterface* child(int index) const override;

@@ -43,7 +43,7 @@ QSize PullDownButton::sizeHint() const {
 }
 
 QSize PullDownButton::minimumSizeHint() const {
-    const int width = widthFor(fontMetrics().horizontalAdvance(QStringLiteral("MMM…")));
+    const int width = widthFor(fontMetrics().horizontalAdvance(QStringLiteral("M…")));
     return {width, std::max(lowestHeight, fontMetrics().height() + heightPadding)};
 }
 
@@ -73,6 +73,7 @@ void PullDownButton::paintEvent(QPaintEvent* /*event*/) {
 
     const QRect inside = rect().adjusted(leftPadding, 0, -rightPadding, 0);
     const QRect titleArea = inside.adjusted(0, 0, -arrowGap - arrowSize, 0);
+    painter.setLayoutDirection(text().isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);  // "2 Decimal Places"
     painter.drawItemText(QStyle::visualRect(layoutDirection(), rect(), titleArea),
                          static_cast<int>(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter)),
                          palette(), isEnabled(), shownTitle(), QPalette::ButtonText);

@@ -7,7 +7,10 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QRadioButton>
+#include <QScopedValueRollback>
 #include <algorithm>
+
+#include "ui/document/contrast.h"
 
 namespace {
 
@@ -16,7 +19,7 @@ constexpr int lowestHeight = 26;
 constexpr int heightPadding = 8;
 constexpr int sidePadding = 12;
 constexpr qreal cornerRadius = 4.0;
-constexpr float outlineOpacity = 0.3F;
+constexpr int outlineOpacity = 77;  // 30 %
 constexpr int hoverFactor = 105;
 constexpr qreal ringWidth = 2.0;
 
@@ -60,6 +63,14 @@ QAccessibleInterface* makeGroup(const QString& /*className*/, QObject* object) {
     return control != nullptr ? new QAccessibleWidget(control, QAccessible::Grouping) : nullptr;
 }
 
+/// A part of the text's colour, and as much more of it as an outline needs to be seen.
+QColor outlineColor(const QPalette& palette) {
+    const QColor text = palette.color(QPalette::WindowText);
+    QColor outline = text;
+    outline.setAlpha(outlineOpacity);
+    return strengthened(outline, palette.color(QPalette::Window), text, visibleContrast);
+}
+
 QColor lightened(const QColor& color) { return color.lighter(hoverFactor); }
 
 }  // namespace
@@ -82,9 +93,10 @@ SegmentedControl::SegmentedControl(QWidget* parent) : QWidget(parent) {
         // Tab stops at the chosen one alone; a click takes no focus.
         group_.button(id)->setFocusPolicy(isChosen ? Qt::TabFocus : Qt::NoFocus);
         update();
+        // Not with the click, since assistive technology chooses without one.
+        if (isChosen && !isSetByProgram_) emit chosen();
     });
     setSelectedSegment(0);
-    connect(&group_, &QButtonGroup::idClicked, this, &SegmentedControl::chosen);
 }
 
 QStringList SegmentedControl::segments() const {
@@ -98,7 +110,10 @@ void SegmentedControl::setSegments(const QStringList& titles) {
     for (QAbstractButton* segment : group_.buttons()) segment->updateGeometry();
 }
 
-void SegmentedControl::setSelectedSegment(int segment) { group_.button(segment)->setChecked(true); }
+void SegmentedControl::setSelectedSegment(int segment) {
+    const QScopedValueRollback byProgram(isSetByProgram_, true);
+    group_.button(segment)->setChecked(true);
+}
 
 QRectF SegmentedControl::box() const { return QRectF(rect()).adjusted(margin, margin, -margin, -margin); }
 
@@ -116,13 +131,11 @@ void SegmentedControl::paintEvent(QPaintEvent* /*event*/) {
     }
     painter.setClipping(false);
 
-    QColor outline = palette().color(QPalette::WindowText);
-    outline.setAlphaF(outlineOpacity);
-    painter.setPen(QPen(outline, 1.0));
+    painter.setPen(QPen(outlineColor(palette()), 1.0));
     painter.drawRoundedRect(box().adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius, cornerRadius);
     if (!hasFocus) return;
     const qreal half = ringWidth / 2;
-    painter.setPen(QPen(palette().color(QPalette::Highlight), ringWidth));
+    painter.setPen(QPen(focusMarkColor(palette()), ringWidth));
     painter.drawRoundedRect(box().adjusted(-half, -half, half, half), cornerRadius + half, cornerRadius + half);
 }
 

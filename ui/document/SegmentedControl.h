@@ -28,7 +28,7 @@ public:
     void setSelectedSegment(int segment);
 
 signals:
-    /// The user chose a segment.
+    /// The user chose the other segment.
     void chosen();
 
 protected:
@@ -39,4 +39,5 @@ private:
     QRectF box() const;
 
     QButtonGroup group_;
+    bool isSetByProgram_ = false;
 };

@@ -9,6 +9,7 @@
 #include <memory>
 
 #include "ui/document/MyDocument.h"
+#include "ui/document/contrast.h"
 #include "ui_HistoryMenu.h"
 
 namespace {
@@ -48,6 +49,7 @@ TXHistoryViewerTextView::TXHistoryViewerTextView(QWidget* parent)
     setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setEditable(false);
+    followPalette();
 
     // Equations run from left to right on every desktop.
     QTextOption option = document()->defaultTextOption();
@@ -89,6 +91,7 @@ void TXHistoryViewerTextView::insertLine(const QString& line, LineKind kind, con
     cursor.setBlockFormat(blockFormat(kind));
     cursor.insertText(line, attributes);
     cursor.insertBlock(QTextBlockFormat(), QTextCharFormat());
+    showInReadableColor(cursor.block().previous());
     cursor.endEditBlock();
 }
 
@@ -120,7 +123,7 @@ void TXHistoryViewerTextView::resizeEvent(QResizeEvent* event) {
 void TXHistoryViewerTextView::changeEvent(QEvent* event) {
     if (event->type() != QEvent::FontChange) {
         QTextEdit::changeEvent(event);
-        if (event->type() == QEvent::PaletteChange) showMatch();
+        if (event->type() == QEvent::PaletteChange) followPalette();
         return;
     }
     const bool wasScrolledToEnd = isScrolledToEnd();
@@ -134,6 +137,16 @@ void TXHistoryViewerTextView::changeEvent(QEvent* event) {
 // The history itself takes no text: who types means the entry line.
 void TXHistoryViewerTextView::keyPressEvent(QKeyEvent* event) {
     if (parentDocument_ == nullptr || !parentDocument_->typeIntoEntry(event)) QTextEdit::keyPressEvent(event);
+}
+
+// So a dead key that is pressed here can begin a character, too.
+void TXHistoryViewerTextView::inputMethodEvent(QInputMethodEvent* event) {
+    if (parentDocument_ != nullptr) parentDocument_->composeIntoEntry(event);
+}
+
+QVariant TXHistoryViewerTextView::inputMethodQuery(Qt::InputMethodQuery query) const {
+    return parentDocument_ != nullptr ? parentDocument_->inputMethodQueryOfEntry(query, *this)
+                                      : QTextEdit::inputMethodQuery(query);
 }
 
 // What is copied does not end with a blank line, though every line of the history ends with a line break.
@@ -161,6 +174,6 @@ void TXHistoryViewerTextView::paintEvent(QPaintEvent* event) {
     QTextEdit::paintEvent(event);
     if (!document()->isEmpty()) return;
     QPainter painter(viewport());
-    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.setPen(placeholderColor(palette(), QPalette::Base));
     painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, tr("Type an equation and press Return"));
 }

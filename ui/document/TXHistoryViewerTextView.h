@@ -52,11 +52,16 @@ public:
     void moveInsertionPointToEnd();
     /// Adds "\n" at the insertion point.
     void insertLineBreak();
-    /// Adds "line\n" at the insertion point, which stands on an empty line.
+    /// Adds "line\n" at the insertion point, which stands on an empty line. Where its colour cannot be read on the
+    /// view's base, another one is shown, but neither copied nor printed.
     void insertLine(const QString& line, LineKind kind, const QTextCharFormat& attributes);
     /// Says where the answer of the line that was inserted last is kept.
     void setStoredAnswerOfLastLine(const StoredAnswer& stored);
     void scrollToEnd();
+
+    // TXHistoryViewerTextView_colors.cpp
+    /// What a line of this kind, whose colour is `settled`, is shown in: on a dark base in another one.
+    static QColor shownColor(LineKind kind, const QColor& settled, const QPalette& palette);
 
     // TXHistoryViewerTextView_find.cpp
     /// Looks for `text`, whatever its case, and marks the match over the text. Selection and caret stay. A search for
@@ -88,10 +93,13 @@ public:
     const std::vector<QTextCharFormat>& styleDefinitions() const { return styleDefinitions_; }
     const std::vector<std::int32_t>& styleLocations() const { return styleLocations_; }
 
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
+
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
     QMimeData* createMimeDataFromSelection() const override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -114,6 +122,9 @@ private:
     void wrapAnywhereIfNeededFor(const QString& line);
     bool isScrolledToEnd() const;
     int positionInSight() const;
+    bool showInReadableColor(const QTextBlock& line) const;  ///< Whether that changed the line.
+    void showAllInReadableColors();
+    void followPalette();
     void showMatch();
     void showDocument(QTextDocument* text);
     QTextCursor selectionToCopy() const;
@@ -122,6 +133,8 @@ private:
     QMenu* wrappingMenu_ = nullptr;
     QTextCursor match_;  ///< Null when nothing was found.
     std::unique_ptr<QTextDocument> cleared_;
+    QColor knownBase_;  ///< With it, and with the text's colour, the lines are shown.
+    QColor knownText_;
     Calculation chosen_;  ///< What the menu was opened for.
     MyDocument* parentDocument_ = nullptr;
     bool hasFocusForMenuOnly_ = false;

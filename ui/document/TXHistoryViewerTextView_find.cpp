@@ -91,5 +91,6 @@ void TXHistoryViewerTextView::showDocument(QTextDocument* text) {
     text->setDefaultFont(font());
     setDocument(text);
     text->documentLayout()->setPaintDevice(viewport());
+    showAllInReadableColors();
     emit textChanged();
 }

@@ -44,7 +44,7 @@ void TXHistoryViewerTextView::setStoredAnswerOfLastLine(const StoredAnswer& stor
 void TXHistoryViewerTextView::makeMenu() {
     wrappingMenu_ = new QMenu(this);
     menuUi_->setupUi(wrappingMenu_);
-    wrappingMenu_->setTitle(tr("Menu with Variable Stuff"));
+    wrappingMenu_->setTitle(QStringLiteral("Menu with Variable Stuff"));
     connect(menuUi_->copyAction, &QAction::triggered, this, &QTextEdit::copy);
     connect(menuUi_->copyEquationAction, &QAction::triggered, this, [this] { copyText(chosen_.equation.text()); });
     connect(menuUi_->copyAnswerAction, &QAction::triggered, this, [this] { copyText(numberIn(chosen_.answer)); });

@@ -1,8 +1,10 @@
 #include "ui/document/TXInspectorController.h"
 
 #include <QDialog>
+#include <QHeaderView>
 #include <QMetaMethod>
 #include <QTableWidget>
+#include <algorithm>
 #include <utility>
 
 #include "ui/document/TXWindow.h"
@@ -12,6 +14,8 @@
 TXInspectorController* inspectorController = nullptr;
 
 namespace {
+
+constexpr int rowPadding = 8;
 
 /// The row of a style in the table; -1 when there is no such style.
 int rowOfStyle(const QString& name) {
@@ -32,6 +36,7 @@ TXInspectorController::TXInspectorController(MainWindow mainWindow, QObject* par
       ui_(std::make_unique<Ui::Inspector>()),
       window_(std::make_unique<QDialog>()) {
     ui_->setupUi(window_.get());
+    showAllStyles();
     windowDidLoad();
     const auto connectTo = [this](QPushButton* button, void (TXInspectorController::*operation)(QObject*)) {
         connect(button, &QPushButton::clicked, this, [this, button, operation] { (this->*operation)(button); });
@@ -49,6 +54,14 @@ TXInspectorController::~TXInspectorController() {
 void TXInspectorController::windowDidLoad() {
     connect(stylesTableView(), &QTableWidget::itemSelectionChanged, this,
             &TXInspectorController::tableViewSelectionDidChange);
+}
+
+// The rows are as high as the font of the desktop, and none is out of sight.
+void TXInspectorController::showAllStyles() const {
+    QTableWidget* const table = stylesTableView();
+    const int row = std::max(table->verticalHeader()->defaultSectionSize(), table->fontMetrics().height() + rowPadding);
+    table->verticalHeader()->setDefaultSectionSize(row);
+    table->setFixedHeight(row * table->rowCount() + 2 * table->frameWidth());
 }
 
 void TXInspectorController::showWindow() {

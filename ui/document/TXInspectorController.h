@@ -51,6 +51,7 @@ public:
 private:
     TXInspectorController(MainWindow mainWindow, QObject* parent);
 
+    void showAllStyles() const;
     void send(const char* operation, QObject* sender) const;
 
     MainWindow mainWindow_;

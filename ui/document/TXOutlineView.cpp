@@ -31,10 +31,6 @@ QString nameOf(const TXVariable& variable) {
 
 bool isReturn(const QKeyEvent& event) { return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter; }
 
-bool opensContextMenu(const QKeyEvent& event) {
-    return event.key() == Qt::Key_Menu || (event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier);
-}
-
 }  // namespace
 
 TXOutlineView::TXOutlineView(QWidget* parent) : QTreeView(parent) {
@@ -57,6 +53,8 @@ TXOutlineView::TXOutlineView(QWidget* parent) : QTreeView(parent) {
     setDropIndicatorShown(false);
     connect(this, &QTreeView::expanded, this, &TXOutlineView::showFolding);
     connect(this, &QTreeView::collapsed, this, &TXOutlineView::leaveFolded);
+    // After the toolkit has told that the tree as a whole has the focus.
+    connect(this, &TXOutlineView::focusTaken, this, &TXOutlineView::tellFocusedRow, Qt::QueuedConnection);
 }
 
 TXOutlineView::~TXOutlineView() = default;
@@ -201,12 +199,19 @@ void TXOutlineView::keyPressEvent(QKeyEvent* event) {
         copy();
     } else if (isReturn(*event)) {
         enterNameOrFold(selectedIndex());
-    } else if (opensContextMenu(*event)) {
-        QContextMenuEvent asked(QContextMenuEvent::Keyboard, QPoint(), QPoint());
-        contextMenuEvent(&asked);
     } else {
         QAbstractItemView::keyPressEvent(event);  // NOLINT(bugprone-parent-virtual-call)
     }
+}
+
+// So a dead key that is pressed here can begin a character, too.
+void TXOutlineView::inputMethodEvent(QInputMethodEvent* event) {
+    if (parentDocument_ != nullptr) parentDocument_->composeIntoEntry(event);
+}
+
+QVariant TXOutlineView::inputMethodQuery(Qt::InputMethodQuery query) const {
+    return parentDocument_ != nullptr ? parentDocument_->inputMethodQueryOfEntry(query, *this)
+                                      : QTreeView::inputMethodQuery(query);
 }
 
 QItemSelectionModel::SelectionFlags TXOutlineView::selectionCommand(const QModelIndex& index,
@@ -227,9 +232,18 @@ void TXOutlineView::selectionChanged(const QItemSelection& selected, const QItem
 // The tree's own would speak of rows that only it lays out.
 void TXOutlineView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     QAbstractItemView::currentChanged(current, previous);  // NOLINT(bugprone-parent-virtual-call)
+    tellFocusedRow();
+}
+
+void TXOutlineView::focusInEvent(QFocusEvent* event) {
+    QTreeView::focusInEvent(event);
+    emit focusTaken();
+}
+
+void TXOutlineView::tellFocusedRow() {
     if (!QAccessible::isActive() || !hasFocus()) return;
     const auto* outline = dynamic_cast<OutlineAccessible*>(QAccessible::queryAccessibleInterface(this));
-    QAccessibleInterface* row = outline != nullptr ? outline->rowOf(current) : nullptr;
+    QAccessibleInterface* row = outline != nullptr ? outline->rowOf(currentIndex()) : nullptr;
     if (row == nullptr) return;
     QAccessibleEvent focused(row, QAccessible::Focus);
     QAccessible::updateAccessibility(&focused);

@@ -42,6 +42,8 @@ public:
     /// The variable that is selected, nullptr when there is none.
     const TXVariable* selectedVariable() const;
 
+    /// What Return and a double click do: the name of a variable is typed into the entry, a group folds or unfolds.
+    void enterNameOrFold(const QModelIndex& index);
     /// What a press of the main button does: with Alt a variable's name is typed into the entry, otherwise it selects.
     void mouseDown(QMouseEvent* event);
 
@@ -57,9 +59,12 @@ public:
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
     void doItemsLayout() override;
 
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
+
 signals:
     /// A variable was selected, or none is any more.
     void copyAvailable(bool isAvailable);
+    void focusTaken();
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
@@ -68,6 +73,8 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void startDrag(Qt::DropActions supportedActions) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     bool viewportEvent(QEvent* event) override;
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index, const QEvent* event) const override;
@@ -98,7 +105,7 @@ private:
     void showFolding();
     void leaveFolded(const QModelIndex& group);
     QModelIndex selectedIndex() const;
-    void enterNameOrFold(const QModelIndex& index);
+    void tellFocusedRow();
     bool showToolTip(const QHelpEvent& event);
     bool isElided(const QModelIndex& index, const QString& text) const;
 

@@ -2,16 +2,13 @@
 
 #include <QCborArray>
 #include <QCborMap>
-#include <QFile>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPrintDialog>
-#include <QPrinter>
 #include <QProxyStyle>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 
 #include "tests/support/DocumentTest.h"
 #include "ui/UserDefaults.h"
@@ -327,23 +324,6 @@ TEST(MyDocumentPrinting, asksInASheetOfTheWindow) {
     QTest::keyClick(dialog, Qt::Key_Escape);
     QTest::qWait(0);
     EXPECT_EQ(dialog, nullptr);
-}
-
-TEST(MyDocumentPrinting, printsTheHistory) {
-    const QTemporaryDir folder;
-    QPrinter paper;
-    paper.setOutputFormat(QPrinter::PdfFormat);
-    paper.setOutputFileName(folder.filePath("history.pdf"));
-    const OpenDocument open;
-    open.press(u"2+3⏎");
-    open.document.printDocument();
-    auto* dialog = open.document.documentWindow()->findChild<QPrintDialog*>();
-    ASSERT_NE(dialog, nullptr);
-    emit dialog->accepted(&paper);
-    QFile printed(folder.filePath("history.pdf"));
-    ASSERT_TRUE(printed.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(printed.read(5) == "%PDF-");
-    dialog->reject();
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // Commands for the last answer and for ±, and keys that are pressed beside the entry line.
 
 #include <QClipboard>
+#include <QInputMethodEvent>
 #include <QScrollBar>
 #include <QSignalSpy>
 
@@ -138,6 +139,68 @@ TEST(TypingInTheSidebar, goesToTheEntry) {
     QTest::keyClicks(open.view(), "p");
     EXPECT_EQ(open.line(), "ans*p");
     EXPECT_EQ(open.selectedRow(), "x=4");
+}
+
+/// What an input method tells `view`, as it composes a text and completes it.
+void compose(QWidget* view, const QString& text, const QString& committed = {}) {
+    QInputMethodEvent event(text, {});
+    event.setCommitString(committed);
+    QApplication::sendEvent(view, &event);
+}
+
+/// Whether an input method may compose in `view`, asked as it asks.
+bool takesComposition(QWidget* view) {
+    QInputMethodQueryEvent query(Qt::ImEnabled);
+    QApplication::sendEvent(view, &query);
+    return query.value(Qt::ImEnabled).toBool();
+}
+
+TEST(ComposingElsewhere, goesToTheEntryWithTheFocusAtItsEnd) {
+    const Sidebar open;
+    for (QWidget* const view : {static_cast<QWidget*>(open.document.mainField()), static_cast<QWidget*>(open.view())}) {
+        open.press(u"⌘2+3⏎");
+        view->setFocus();
+        EXPECT_TRUE(takesComposition(view));
+        compose(view, "^");
+        EXPECT_TRUE(view->hasFocus());
+        EXPECT_EQ(open.entry()->textCursor().block().layout()->preeditAreaText(), "^");
+        compose(view, {}, "^");
+        EXPECT_TRUE(open.entry()->hasFocus());
+        EXPECT_EQ(open.line(), "ans^");
+        EXPECT_EQ(open.entry()->textCursor().block().layout()->preeditAreaText(), "");
+    }
+}
+
+TEST(ComposingElsewhere, isGivenUpWithoutATrace) {
+    const Sidebar open;
+    open.press(u"2+3⏎");
+    open.document.mainField()->setFocus();
+    compose(open.document.mainField(), "^");
+    compose(open.document.mainField(), {});
+    EXPECT_TRUE(open.document.mainField()->hasFocus());
+    open.press(u"+");
+    EXPECT_EQ(open.line(), "ans+");
+}
+
+TEST(ComposingElsewhere, showsItsChoicesAtTheEntrysCaret) {
+    const Sidebar open;
+    const auto caretOnScreen = [](const QWidget* view) {
+        return view->mapToGlobal(view->inputMethodQuery(Qt::ImCursorRectangle).toRectF().topLeft());
+    };
+    open.press(u"2+3");
+    EXPECT_EQ(caretOnScreen(open.document.mainField()), caretOnScreen(open.entry()));
+    EXPECT_EQ(caretOnScreen(open.view()), caretOnScreen(open.entry()));
+    EXPECT_EQ(open.view()->inputMethodQuery(Qt::ImSurroundingText), "2+3");
+}
+
+TEST(ComposingElsewhere, isNothingWithoutADocument) {
+    TXHistoryViewerTextView history;
+    TXOutlineView sidebar;
+    for (QWidget* const view : {static_cast<QWidget*>(&history), static_cast<QWidget*>(&sidebar)}) {
+        view->inputMethodQuery(Qt::ImCursorRectangle);
+        compose(view, {}, "1");
+    }
+    EXPECT_EQ(history.toPlainText(), "");
 }
 
 }  // namespace

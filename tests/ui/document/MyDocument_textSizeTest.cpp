@@ -8,6 +8,7 @@
 #include <QSignalSpy>
 #include <QSplitter>
 #include <QWheelEvent>
+#include <limits>
 
 #include "tests/support/Sidebar.h"
 
@@ -72,8 +73,11 @@ TEST(TextSize, isRememberedForNewDocumentsOnly) {
 }
 
 TEST(TextSize, isMendedWhenNoneIsStored) {
-    for (const auto& [stored, size] :
-         {std::pair{QVariant("big"), 100}, {QVariant(7), 50}, {QVariant(133), 130}, {QVariant(-20), 50}}) {
+    for (const auto& [stored, size] : {std::pair{QVariant("big"), 100},
+                                       {QVariant(7), 50},
+                                       {QVariant(133), 130},
+                                       {QVariant(-20), 50},
+                                       {QVariant(std::numeric_limits<int>::max()), 300}}) {
         const FreshDefaults defaults;
         QSettings().setValue("interface/textSize", stored);
         EXPECT_EQ(MyDocument().textSize(), size);

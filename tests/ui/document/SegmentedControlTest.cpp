@@ -42,6 +42,15 @@ TEST(SegmentedControl, tellsWhatTheUserChooses) {
     EXPECT_EQ(chosen.count(), 1);
 }
 
+TEST(SegmentedControl, tellsWhatAssistiveTechnologyChooses) {
+    ShownControl shown;
+    const QSignalSpy chosen(&shown.control, &SegmentedControl::chosen);
+    QAccessibleActionInterface* degrees = QAccessible::queryAccessibleInterface(shown.segment(1))->actionInterface();
+    degrees->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_EQ(shown.control.selectedSegment(), 1);
+    EXPECT_EQ(chosen.count(), 1);
+}
+
 TEST(SegmentedControl, hasTwoEqualSegmentsThatNeverMove) {
     ShownControl shown;
     const QRect left = shown.segment(0)->geometry();

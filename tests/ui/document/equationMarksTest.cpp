@@ -6,6 +6,7 @@
 
 #include "tests/support/DocumentTest.h"
 #include "ui/document/EntryColors.h"
+#include "ui/document/contrast.h"
 #include "ui/document/functionMeanings.h"
 
 void PrintTo(const BracketPair& pair, std::ostream* out) { *out << pair.opening << ".." << pair.closing; }
@@ -100,24 +101,13 @@ TEST(FunctionMeanings, areThoseOfAllFunctionsThatAnswer) {
     EXPECT_EQ(meaningOfFunction(u"si"), "");
 }
 
-/// The contrast of two colours, as the guidelines for accessible colours define it.
-double contrast(const QColor& one, const QColor& other) {
-    const auto luminance = [](const QColor& color) {
-        const auto linear = [](double share) {
-            return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
-        };
-        return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
-    };
-    const auto [dark, light] = std::minmax({luminance(one), luminance(other)});
-    return (light + 0.05) / (dark + 0.05);
-}
-
 TEST(EntryColors, canBeReadOnTheirBackground) {
     for (const QColor base : {QColor(Qt::white), QColor(0xF5, 0xF5, 0xF5), QColor(0x22, 0x22, 0x26),
                               QColor(0x2A, 0x2B, 0x2F), QColor(Qt::black)}) {
         const EntryColors& colors = EntryColors::on(base);
         for (const QColor& color : {colors.quiet, colors.error, colors.number, colors.function, colors.variable}) {
-            EXPECT_GE(contrast(color, base), 4.5) << color.name().toStdString() << " on " << base.name().toStdString();
+            EXPECT_GE(contrast(color, base), readableContrast)
+                << color.name().toStdString() << " on " << base.name().toStdString();
         }
     }
 }
