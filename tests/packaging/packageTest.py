@@ -5,6 +5,7 @@ unpacked. TALLIX_PACKAGES says in which folder they are.
 """
 
 import configparser
+import json
 import os
 import pathlib
 import re
@@ -124,6 +125,25 @@ class Control(unittest.TestCase):
         depends = field(PACKAGES[1], "Depends")
         for library in ("libqt6widgets6", "libqt6network6", "libedit2", "libstdc++6", "libc6"):
             self.assertRegex(depends, rf"(^|, ){re.escape(library)} \(>= ")
+
+
+class Flatpak(unittest.TestCase):
+    """The manifest, as flatpak-builder reads it."""
+
+    def setUp(self):
+        self.manifest = json.loads(run("flatpak-builder", "--show-manifest", ROOT / "packaging/flatpak" / f"{ID}.yaml"))
+
+    def test_lets_the_program_out_to_the_display_alone(self):
+        self.assertEqual(self.manifest["finish-args"],
+                         ["--socket=wayland", "--socket=fallback-x11", "--share=ipc", "--device=dri"])
+
+    def test_starts_the_program_of_this_id(self):
+        self.assertEqual((self.manifest["id"], self.manifest["command"]), (ID, "tallix"))
+
+    def test_the_build_options_are_known(self):
+        options = re.findall(r"-D(TALLIX_[A-Z_]+)=", " ".join(self.manifest["modules"][0]["config-opts"]))
+        known = (ROOT / "CMakeLists.txt").read_text()
+        self.assertEqual([option for option in options if f"option({option} " not in known and option != "TALLIX_BUILD_GUIDE"], [])
 
 
 class System(unittest.TestCase):
