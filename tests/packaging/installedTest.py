@@ -201,6 +201,12 @@ class Package(unittest.TestCase):
         self.assertEqual(run(build / "answers", "r=2.5", "pi*r^2", " ", "2*(ans", "0.1+0.2"),
                          "2.5\n19.6349540849362\nThere is an open parenthesis in the equation -- you are missing a ).\n0.3\n")
 
+    def test_doxygen_reads_the_headers_without_a_warning(self):
+        output = FOLDER / "reference"
+        settings = (ROOT / "docs/Doxyfile").read_text() + f'OUTPUT_DIRECTORY = "{output}"\n'
+        self.assertEqual(run("doxygen", "-", cwd=ROOT, input=settings), "")
+        self.assertTrue((output / "html/classTXEquationController.html").exists())
+
     def test_another_minor_version_is_refused(self):
         project = FOLDER / "other"
         project.mkdir()
