@@ -137,16 +137,20 @@ void StartChannel::listen(WindowOpener openWindow) {
     // Who holds the lock finds no living socket there, only what is left of an earlier one.
     QLocalServer::removeServer(socketPath());
     QObject::connect(server_.get(), &QLocalServer::newConnection, server_.get(), [this] {
-        while (QLocalSocket* const client = server_->nextPendingConnection()) {
-            client->setReadBufferSize(longestLine);
-            QObject::connect(client, &QLocalSocket::readyRead, client, [this, client] { answer(*client); });
-            QObject::connect(client, &QLocalSocket::disconnected, client, &QObject::deleteLater);
-            QTimer::singleShot(patience_, client, [client] { client->abort(); });
-            answer(*client);
-        }
+        while (QLocalSocket* const client = server_->nextPendingConnection()) attend(*client);
     });
     // Without a socket nobody should wait for an answer.
     if (!server_->listen(socketPath())) close();
+}
+
+void StartChannel::attend(QLocalSocket& client) const {
+    client.setReadBufferSize(longestLine);
+    QObject::connect(&client, &QLocalSocket::readyRead, &client, [this, &client] { answer(client); });
+    QObject::connect(&client, &QLocalSocket::disconnected, &client, &QObject::deleteLater);
+    auto* timer = new QTimer(&client);
+    QObject::connect(timer, &QTimer::timeout, &client, &QLocalSocket::abort);
+    timer->start(patience_);
+    answer(client);
 }
 
 void StartChannel::answer(QLocalSocket& client) const {

@@ -50,6 +50,7 @@ public:
     void close();
 
 private:
+    void attend(QLocalSocket& client) const;
     void answer(QLocalSocket& client) const;
 
     QString place_;
