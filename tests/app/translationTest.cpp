@@ -48,6 +48,15 @@ struct MarksFirst {
 
 struct Translation : MarksFirst, EveryWindow {};
 
+constexpr auto nameAndVersion = "<b>Tallix " TALLIX_VERSION "</b>";
+constexpr auto savingMessage =
+    "Unfortunately, saving documents is not currently enabled.  Once the internals of the program stabilize, it will "
+    "be put in the program.\n\nHowever, note that you can copy the equation history into a program like TextEdit (in "
+    "the applications folder), and save it as a text file.";
+constexpr auto openingMessage =
+    "Unfortunately, opening/saving documents is not currently enabled.  Once the internals of the program stabilize, "
+    "it will be put in the program.";
+
 using Texts = std::set<QString>;
 
 void add(const QString& text, Texts* texts) {
@@ -103,20 +112,15 @@ TEST_F(Translation, reachesEveryTextOfOurOwnAndNoOther) {
     for (const QWidget* widget : QApplication::allWidgets()) {
         if (!isGreekButton(*widget)) addUntranslated(*widget, &untranslated);
     }
-    const Texts settled = {
-        // Titles, styles and the groups of variables
-        "Auto Digit Formatting", "&Auto Digit Formatting", "Menu with Variable Stuff", "Variable Cache Menu", "Answer",
-        "Equation", "Heading", "Paragraph", "Constants", "Auto-Defined Variables", "Defined Variables",
-        "Copy Variable Name", "Copy Formatted Variable Value", "Copy Variable Name And Formatted Value",
-        // Alerts
-        "Sorry",
-        "Unfortunately, saving documents is not currently enabled.  Once the internals of the program stabilize, it "
-        "will be put in the program.\n\nHowever, note that you can copy the equation history into a program like "
-        "TextEdit (in the applications folder), and save it as a text file.",
-        "Unfortunately, opening/saving documents is not currently enabled.  Once the internals of the program "
-        "stabilize, it will be put in the program.",
-        // Answers, what a number may have as its exponent, names and addresses
-        "r = 125", "e", "E", "<b>Tallix " TALLIX_VERSION "</b>", "https://example.org/a/long/way"};
+    const Texts settled = {// Titles, styles and the groups of variables
+                           "Auto Digit Formatting", "&Auto Digit Formatting", "Menu with Variable Stuff",
+                           "Variable Cache Menu", "Answer", "Equation", "Heading", "Paragraph", "Constants",
+                           "Auto-Defined Variables", "Defined Variables", "Copy Variable Name",
+                           "Copy Formatted Variable Value", "Copy Variable Name And Formatted Value",
+                           // Alerts
+                           "Sorry", savingMessage, openingMessage,
+                           // Answers, what a number may have as its exponent, names and addresses
+                           "r = 125", "e", "E", nameAndVersion, "https://example.org/a/long/way"};
     EXPECT_EQ(untranslated, settled);
 }
 

@@ -86,6 +86,7 @@ void MyDocument::placeMiniWindow() {
 }
 
 void MyDocument::rememberMiniWindow(const QRect& place) {
+    if (!canPlaceWindows(QGuiApplication::platformName())) return;  // There no program knows where a window is.
     miniWindowPlace_ = place;
     UserDefaults().setInterfaceValue(place, placeKey);
 }
