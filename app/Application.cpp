@@ -1,17 +1,34 @@
 #include "app/Application.h"
 
 #include <QGuiApplication>
+#include <QIcon>
 
 #include "app/MainMenu.h"
 #include "app/OutlineStyle.h"
+#include "app/StartChannel.h"
 #include "ui/document/MyDocument.h"
+
+namespace {
+
+constexpr char16_t id[] = u"org.tallix.tallix";
+
+/// The icon that is built in, in each size that was drawn.
+QIcon bundledIcon() {
+    QIcon icon;
+    for (const char* size : {"16", "22", "24", "32", "48", "64", "128", "256"}) {
+        icon.addFile(QStringLiteral(":/icons/%1.png").arg(QLatin1String(size)));
+    }
+    return icon;
+}
+
+}  // namespace
 
 void Application::introduce() {
     QCoreApplication::setOrganizationName(QStringLiteral("Tallix"));
     QCoreApplication::setApplicationName(QStringLiteral("tallix"));
     QCoreApplication::setApplicationVersion(QStringLiteral(TALLIX_VERSION));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Tallix"));
-    QGuiApplication::setDesktopFileName(QStringLiteral("org.tallix.tallix"));
+    QGuiApplication::setDesktopFileName(QString::fromUtf16(id));
     // The documents decide: neither panels nor the preferences keep the program alive, or end it.
     QGuiApplication::setQuitOnLastWindowClosed(false);
 }
@@ -19,6 +36,9 @@ void Application::introduce() {
 Application::Application() {
     OutlineStyle::install();
     connect(&preferences_, &AppPreferencesController::colorsChosen, &appearance_, &Appearance::setChoice);
+    Q_INIT_RESOURCE(icons);
+    // A theme may bring an icon of its own. Where none is installed, ours is at hand.
+    QGuiApplication::setWindowIcon(QIcon::fromTheme(QString::fromUtf16(id), bundledIcon()));
     connect(&documents_, &DocumentController::documentMade, this,
             [this](MyDocument* document) { MainMenu::fill(*document, documents_, preferences_); });
 #ifndef Q_OS_MACOS
@@ -28,3 +48,15 @@ Application::Application() {
 }
 
 void Application::start() { documents_.newDocument(); }
+
+void Application::listen(StartChannel& channel) {
+    channel.listen([this](const QByteArray& activationToken) {
+        // From there Qt takes it when the window asks to be the active one.
+        if (!activationToken.isEmpty()) qputenv("XDG_ACTIVATION_TOKEN", activationToken);
+        documents_.newDocument();
+    });
+#ifndef Q_OS_MACOS
+    // A program that is about to end gives no more answers.
+    connect(&documents_, &DocumentController::lastDocumentClosed, this, [&channel] { channel.close(); });
+#endif
+}

@@ -7,6 +7,8 @@
 #include "app/ColorScheme.h"
 #include "app/DocumentController.h"
 
+class StartChannel;
+
 /// The running program: the open documents, the preferences, its colours, and the menus that join them.
 class Application : public QObject {
     Q_OBJECT
@@ -20,6 +22,10 @@ public:
 
     /// Opens the first document. The event loop ends when the last one is closed.
     void start();
+
+    /// Opens a document for each program that is started later and asks for one. The channel must outlive the
+    /// application.
+    void listen(StartChannel& channel);
 
     DocumentController& documents() { return documents_; }
     AppPreferencesController& preferences() { return preferences_; }

@@ -1,25 +1,33 @@
 #include "app/LaunchOptions.h"
 
 LaunchOptions LaunchOptions::parse(const std::vector<std::string>& arguments) {
-    if (arguments.empty()) return {};
-    const std::string& first = arguments.front();
-    if (first == "--help") return {Action::showHelp, {}};
-    if (first == "--version") return {Action::showVersion, {}};
-    const bool isOption = first.size() > 1 && first.front() == '-';
-    return {Action::complain, (isOption ? "unrecognised option '" : "unexpected argument '") + first + "'"};
+    LaunchOptions options;
+    for (const std::string& argument : arguments) {
+        if (argument == "--new-process") {
+            options.isNewProcess = true;
+            continue;
+        }
+        if (argument == "--help") return {Action::showHelp, {}};
+        if (argument == "--version") return {Action::showVersion, {}};
+        const bool isOption = argument.size() > 1 && argument.front() == '-';
+        return {Action::complain, (isOption ? "unrecognised option '" : "unexpected argument '") + argument + "'"};
+    }
+    return options;
 }
 
 std::string_view LaunchOptions::helpText() {
-    return R"(Usage: tallix [OPTION]
+    return R"(Usage: tallix [OPTION]...
 
-Opens a calculator window. Type an equation and press Return.
+Opens a calculator window. Type an equation and press Return. Where Tallix runs
+already on the same display, the window is a new one of that program.
 
 Options:
-  --help      show this help and stop
-  --version   show the version and stop
+  --new-process   start a program of its own, whatever runs already
+  --help          show this help and stop
+  --version       show the version and stop
 
-Exit status: 0 when all windows were closed, 1 when writing failed, 2 for wrong
-usage.
+Exit status: 0 when all windows were closed, or the program that runs already
+has opened one; 1 when writing failed, 2 for wrong usage.
 )";
 }
 

@@ -6,6 +6,7 @@
 
 #include "app/Application.h"
 #include "app/LaunchOptions.h"
+#include "app/StartChannel.h"
 
 namespace {
 
@@ -27,14 +28,30 @@ int complain(const std::string& complaint) {
     return exitStatus::wrongUsage;
 }
 
-int runApplication(char* programName) {
-    // The program's name alone, so that Qt finds no options of its own.
-    int argumentCount = 1;
-    char* arguments[] = {programName, nullptr};
+/// The arguments for Qt: the program's name alone, so that it finds no options of its own.
+struct ToolkitArguments {
+    explicit ToolkitArguments(char* programName) : values{programName, nullptr} {}
+
+    int count = 1;
+    char* values[2];
+};
+
+bool isHandedOver(StartChannel& channel, char* programName) {
+    if (!channel.hasRunningProgram()) return false;
+    ToolkitArguments arguments(programName);
+    const QCoreApplication toolkit(arguments.count, static_cast<char**>(arguments.values));
+    return channel.handOver(qgetenv("XDG_ACTIVATION_TOKEN"));
+}
+
+int runApplication(const LaunchOptions& options, char* programName) {
     Application::introduce();
-    const QApplication toolkit(argumentCount, static_cast<char**>(arguments));
+    StartChannel channel(options.isNewProcess ? QString() : StartChannel::placeInEnvironment());
+    if (isHandedOver(channel, programName)) return exitStatus::success;
+    ToolkitArguments arguments(programName);
+    const QApplication toolkit(arguments.count, static_cast<char**>(arguments.values));
     QGuiApplication::setLayoutDirection(QLocale::system().textDirection());
     Application application;
+    application.listen(channel);
     application.start();
     return QApplication::exec();
 }
@@ -50,5 +67,5 @@ int main(int argc, char** argv) {
         case LaunchOptions::Action::run: break;
     }
     std::string programName = "tallix";
-    return runApplication(argc > 0 ? argv[0] : programName.data());
+    return runApplication(options, argc > 0 ? argv[0] : programName.data());
 }

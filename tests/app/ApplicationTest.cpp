@@ -2,9 +2,13 @@
 
 #include "app/Application.h"
 
+#include <QIcon>
+#include <QImage>
 #include <QScopeGuard>
+#include <QTemporaryDir>
 
 #include "tests/support/ApplicationTest.h"
+#include "tests/support/handOver.h"
 
 namespace {
 
@@ -34,6 +38,80 @@ TEST(ApplicationStart, looksAtTheDefaultsOnceAndOpensOneDocument) {
     // What no document knows leaves it with its own separator.
     MyDocument& document = *application.documents().documents().first();
     EXPECT_EQ(document.documentNumberFormatterSettings().thousandsCharacter(), u",");
+}
+
+struct WindowIcon : testing::Test {
+    ~WindowIcon() override {
+        QIcon::setThemeSearchPaths(pathsBefore);
+        QIcon::setThemeName(nameBefore);
+    }
+
+    const QStringList pathsBefore = QIcon::themeSearchPaths();
+    const QString nameBefore = QIcon::themeName();
+    QTemporaryDir themes;
+    SettingsFolder settings;
+};
+
+TEST_F(WindowIcon, isBuiltInInEverySizeThatWasDrawn) {
+    QIcon::setThemeSearchPaths({themes.path()});
+    const Application application;
+    const QIcon icon = QGuiApplication::windowIcon();
+    for (const int size : {16, 22, 24, 32, 48, 64, 128, 256}) {
+        EXPECT_TRUE(icon.availableSizes().contains(QSize(size, size))) << size;
+        EXPECT_EQ(icon.pixmap(size).toImage().pixelColor(size / 2, size * 7 / 8).blue() / 16, 0xd0 / 16) << size;
+    }
+}
+
+TEST_F(WindowIcon, isThatOfTheTheme) {
+    ASSERT_TRUE(QDir(themes.path()).mkpath("own/16x16/apps"));
+    QFile index(themes.filePath("own/index.theme"));
+    ASSERT_TRUE(index.open(QIODevice::WriteOnly));
+    index.write("[Icon Theme]\nName=own\nDirectories=16x16/apps\n\n[16x16/apps]\nSize=16\n");
+    index.close();
+    QImage green(16, 16, QImage::Format_RGB32);
+    green.fill(Qt::green);
+    ASSERT_TRUE(green.save(themes.filePath("own/16x16/apps/org.tallix.tallix.png")));
+    QIcon::setThemeSearchPaths({themes.path()});
+    QIcon::setThemeName("own");
+
+    const Application application;
+    EXPECT_EQ(QGuiApplication::windowIcon().pixmap(16).toImage().pixelColor(8, 8), QColor(Qt::green));
+}
+
+struct LaterStart : ApplicationTest {
+    LaterStart() {
+        EXPECT_FALSE(channel.hasRunningProgram());
+        application.listen(channel);
+        application.start();
+    }
+    ~LaterStart() override { qunsetenv("XDG_ACTIVATION_TOKEN"); }
+
+    QTemporaryDir folder;
+    StartChannel channel{folder.filePath("tallix")};
+    StartChannel later{folder.filePath("tallix")};
+};
+
+TEST_F(LaterStart, getsAnActiveWindowOfItsOwn) {
+    ASSERT_TRUE(isHandedOver(later));
+    ASSERT_EQ(application.documents().documents().size(), 2);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(application.documents().documents().last()->documentWindow()));
+    EXPECT_FALSE(qEnvironmentVariableIsSet("XDG_ACTIVATION_TOKEN"));
+}
+
+TEST_F(LaterStart, bringsItsLeaveToComeToTheFront) {
+    ASSERT_TRUE(isHandedOver(later, "token-7"));
+    EXPECT_EQ(qgetenv("XDG_ACTIVATION_TOKEN"), "token-7");
+}
+
+TEST_F(LaterStart, isTheFirstOneAfterTheLastWindow) {
+    // In the loop that ends with the last document: otherwise the next loop would end in its place.
+    const bool quitsBefore = QGuiApplication::quitOnLastWindowClosed();
+    const auto restore = qScopeGuard([quitsBefore] { QGuiApplication::setQuitOnLastWindowClosed(quitsBefore); });
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    QMetaObject::invokeMethod(
+        &application, [this] { application.documents().closeAll(); }, Qt::QueuedConnection);
+    EXPECT_EQ(QApplication::exec(), 0);
+    EXPECT_FALSE(later.hasRunningProgram());
 }
 
 }  // namespace

@@ -43,6 +43,8 @@ INSTANTIATE_TEST_SUITE_P(Options, WithoutDisplay, testing::Values(
     OptionsCase{"Help",             {"--help"},               help,    "", 0},
     OptionsCase{"Version",          {"--version"},            version, "", 0},
     OptionsCase{"TheFirstDecides",  {"--version", "--bogus"}, version, "", 0},
+    OptionsCase{"AfterASetting",    {"--new-process", "--version"}, version, "", 0},
+    OptionsCase{"WrongAfterOne",    {"--new-process", "--bogus"}, "", refusal("unrecognised option '--bogus'"), 2},
     OptionsCase{"Unknown",          {"--bogus"},              "",      refusal("unrecognised option '--bogus'"), 2},
     OptionsCase{"UnknownFirst",     {"--bogus", "--help"},    "",      refusal("unrecognised option '--bogus'"), 2},
     OptionsCase{"Short",            {"-h"},                   "",      refusal("unrecognised option '-h'"), 2},
@@ -56,6 +58,9 @@ INSTANTIATE_TEST_SUITE_P(Options, WithoutDisplay, testing::Values(
 
 TEST(LaunchOptions, runsTheWindowsWithoutArguments) {
     EXPECT_EQ(LaunchOptions::parse({}).action, LaunchOptions::Action::run);
+    EXPECT_FALSE(LaunchOptions::parse({}).isNewProcess);
+    EXPECT_EQ(LaunchOptions::parse({"--new-process"}).action, LaunchOptions::Action::run);
+    EXPECT_TRUE(LaunchOptions::parse({"--new-process"}).isNewProcess);
 }
 
 TEST(LaunchOptions, failsWhenNobodyCanReadTheHelp) {

@@ -74,6 +74,11 @@ class Desktop:
         """The folder where programs keep their settings."""
         return self.home / "config"
 
+    @property
+    def runtime(self):
+        """The folder for sockets, as long as the user is there."""
+        return self.home / "run"
+
     def clear(self):
         """Makes it as new for the next program, once the windows of the one before are gone."""
         wait_for(lambda: not self.shown(), "a desktop without windows")
@@ -143,7 +148,7 @@ class Desktop:
     def _output(self, *command):
         return self._run(*command).stdout
 
-    def _wait_for(self, condition, what):
+    def wait_for(self, condition, what):
         """Waits for what a program is to do, as long as none has failed."""
         def is_met():
             for program in self.programs:
@@ -172,13 +177,13 @@ class Desktop:
 
     def wait_for_window(self, title):
         """Waits until this very title is that of the window with the keyboard."""
-        self._wait_for(lambda: self.has_keyboard(title), f"the window {title!r}")
+        self.wait_for(lambda: self.has_keyboard(title), f"the window {title!r}")
 
     def change_window(self, *keys):
         """Presses keys that replace the window with the keyboard by another one of the same title; the id of that."""
         before, title = self.active_window(), self.active_title()
         self.key(*keys)
-        self._wait_for(lambda: self.has_keyboard(title) and self.active_window() != before, "the other window")
+        self.wait_for(lambda: self.has_keyboard(title) and self.active_window() != before, "the other window")
         return self.active_window()
 
     def activate(self, title):
@@ -236,9 +241,9 @@ class Desktop:
         """A menu, from when it is opened until it was left."""
         before = self.shown()
         open_it()
-        self._wait_for(lambda: self.shown() > before, "the menu")
+        self.wait_for(lambda: self.shown() > before, "the menu")
         yield
-        self._wait_for(lambda: self.shown() == before, "the end of the menu")
+        self.wait_for(lambda: self.shown() == before, "the end of the menu")
 
     def choose(self, opener, *keys):
         """Opens a menu with a key and chooses with others what opens no window. Keys that come before the menu is gone
@@ -310,7 +315,7 @@ class Desktop:
         return re.search(r"#[0-9A-F]{6}", text)[0]
 
     def wait_for_color(self, window, place, color):
-        self._wait_for(lambda: self.color(window, *place) == color, f"{color} in a window")
+        self.wait_for(lambda: self.color(window, *place) == color, f"{color} in a window")
 
 
 class Portal:
@@ -352,7 +357,8 @@ class Program:
         return self
 
     def __exit__(self, *_):
-        self.desktop.programs.remove(self)
+        if self in self.desktop.programs:
+            self.desktop.programs.remove(self)
         if self.process.poll() is None:
             self.process.send_signal(signal.SIGKILL)
             self.process.wait()

@@ -1,6 +1,7 @@
 """The built program on a real display, used by keyboard as a person does. TALLIX_PROGRAM says which program."""
 
 import os
+import signal
 import unittest
 import unittest.mock
 
@@ -977,6 +978,76 @@ class FocusOrder(AccessibilityTest):
         self.desktop.key("Right")
         self.desktop.type("1")
         self.assertEqual(self.desktop.line(), "1")
+
+
+class StartedAgain(SessionTest):
+    """A program that is started while one runs on the same display."""
+
+    def start_again(self, *options):
+        return self.enterContext(Program(self.desktop, [os.environ["TALLIX_PROGRAM"], *options]))
+
+    def assert_calculates(self, program):
+        """The window in front is the program's, and answers."""
+        self.desktop.enter("2+3")
+        self.assertEqual(self.desktop.history(), "2+3\n\t= 5")
+        self.desktop.key("ctrl+q")
+        self.assertEqual(program.outcome(), (0, ""))
+
+    def assert_is_another(self, program, *before):
+        """The program opens a first window of its own, beside these."""
+        desktop = self.desktop
+        desktop.wait_for(lambda: desktop.has_keyboard(FIRST) and desktop.active_window() not in before, "another first window")
+        self.assert_calculates(program)
+
+    def test_opens_a_window_of_the_one_that_runs(self):
+        self.assertEqual(self.start_again().outcome(), (0, ""))
+        self.desktop.wait_for_window(SECOND)
+        self.desktop.activate(FIRST)
+        self.assertEqual(self.start_again().outcome(), (0, ""))
+        self.desktop.wait_for_window("Untitled 3 — Tallix")
+        self.assert_calculates(self.program)
+
+    def test_stays_apart_when_it_is_told_to(self):
+        first = self.desktop.active_window()
+        self.assert_is_another(self.start_again("--new-process"), first)
+        self.desktop.wait_for_window(FIRST)
+        self.assertEqual(self.desktop.active_window(), first)
+
+    def test_two_that_start_at_once_are_one(self):
+        self.assert_quits_after("ctrl+q")
+        programs = [self.start_again(), self.start_again()]
+        wait_for(lambda: len(self.desktop.windows("Untitled")) == 2, "both windows")
+        wait_for(lambda: any(program.process.poll() is not None for program in programs), "the end of one program")
+        self.desktop.activate(SECOND)
+        self.desktop.key("ctrl+q")
+        self.assertEqual([program.outcome() for program in programs], [(0, "")] * 2)
+
+    def test_takes_the_place_of_one_that_was_killed(self):
+        self.program.process.kill()
+        self.program.process.wait()
+        self.desktop.programs.remove(self.program)
+        wait_for(lambda: not self.desktop.shown(), "the end of its window")
+        self.assert_is_another(self.start_again())
+
+    def test_does_not_wait_long_for_one_that_hangs(self):
+        first = self.desktop.active_window()
+        self.program.process.send_signal(signal.SIGSTOP)
+        self.assert_is_another(self.start_again(), first)
+        # It opens no window late, when nobody wants it any more.
+        self.program.process.send_signal(signal.SIGCONT)
+        self.desktop.wait_for_window(FIRST)
+        self.assertEqual(self.desktop.windows("Untitled"), [first])
+        self.assert_calculates(self.program)
+
+    def test_is_alone_where_there_can_be_no_socket(self):
+        socket = next(self.desktop.runtime.glob("*.socket"))
+        self.assert_quits_after("ctrl+q")
+        socket.mkdir()
+        self.addCleanup(socket.rmdir)
+        self.start()
+        self.assert_is_another(self.start_again(), self.desktop.active_window())
+        self.desktop.wait_for_window(FIRST)
+        self.assert_quits_after("ctrl+q")
 
 
 class Settings(DesktopTest):

@@ -66,6 +66,14 @@ class Wayland(unittest.TestCase):
         desktop.act(self.program, "Quit", "Press")
         self.assertEqual(self.program.outcome(), (0, ""))
 
+    def test_a_second_start_opens_a_window(self):
+        with Program(self.desktop, [os.environ["TALLIX_PROGRAM"]]) as second:
+            self.assertEqual(second.outcome(), (0, ""))
+        expected = [(title, "org.tallix.tallix") for title in ("Untitled 2 — Tallix", "Untitled — Tallix")]
+        wait_for(lambda: sorted(self.desktop.shown_windows()) == expected, "both windows")
+        self.desktop.act(self.program, "Quit", "Press")
+        self.assertEqual(self.program.outcome(), (0, ""))
+
 
 if __name__ == "__main__":
     unittest.main(verbosity=2)
