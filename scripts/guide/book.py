@@ -1,0 +1,131 @@
+"""The user guide as a printed book, from its chapters in Markdown."""
+
+import html
+import pathlib
+import re
+import struct
+import unicodedata
+
+import markdown
+import weasyprint
+
+from guide.examples import FENCE, lines_of
+
+# A pixel of the screen on paper. Pictures taken at scale 2 have "-2x" in their names.
+MILLIMETRES_PER_PIXEL = 0.165
+
+KEY = re.compile(r"(?:(?:Ctrl|Alt|Shift)\+)*(?:F\d+|Return|Esc|Tab|Up|Down|End|PgUp|PgDown|(?<=\+).|(?<=\+)(?:Ins|Del|Up|Down))")
+TITLE = "Tallix User Guide"
+SUBJECT = "How to calculate with Tallix, in its window and in the terminal"
+
+
+class Chapter:
+    """A chapter as HTML, with its place in the contents."""
+
+    def __init__(self, path):
+        self.name = path.stem
+        converter = markdown.Markdown(
+            extensions=["tables", "toc", "smarty"],
+            extension_configs={"toc": {"slugify": self.anchor}, "smarty": {"smart_dashes": False}})
+        body = converter.convert(with_sessions(path.read_text(encoding="utf-8")))
+        self.contents = converter.toc_tokens[0]
+        body = re.sub(r'<h1 id="[^"]*">', f'<h1 id="{self.name}">', body, count=1)
+        body = re.sub(r'href="([\w-]+)\.md"', r'href="#\1"', body)
+        body = re.sub(r"<table>.*?</table>", lambda found: styled_table(found[0]), body, flags=re.DOTALL)
+        body = re.sub(r"<code>(.*?)</code>", lambda found: key_or_code(found[1]), body)
+        self.html = re.sub(r'<p><img alt="([^"]*)" src="([^"]*)" title="([^"]*)" /></p>',
+                           lambda found: figure(path.parent, *found.groups()), body)
+
+    def anchor(self, title, separator):
+        """Where a section is found; sections of two chapters may have the same title."""
+        plain = unicodedata.normalize("NFKD", title).encode("ascii", "ignore").decode().lower()
+        return self.name + separator + re.sub(r"\W+", separator, plain).strip(separator)
+
+
+def with_sessions(text):
+    """Markdown in which the blocks of sessions and commands are already HTML."""
+    return FENCE.sub(lambda found: {"tallix": session, "console": console}[found[1]](found[3]), text)
+
+
+def session(block):
+    """A session as the history shows it: equations in black, answers in blue, errors in red."""
+    rows = []
+    for line in lines_of(block):
+        kept = f'<span class="kept">→ {html.escape(line.kept)}</span>' if line.kept != line.typed else ""
+        kind = "error" if line.is_error else "answer"
+        rows.append(f'<div class="calculation"><div class="typed">{html.escape(line.typed)}{kept}</div>'
+                    f'<div class="{kind}">{html.escape(line.answer)}</div></div>')
+    return f'<div class="session">{"".join(rows)}</div>\n'
+
+
+def console(block):
+    """Commands in bold, and what they write."""
+    rows = []
+    for line in block.splitlines():
+        text = html.escape(line.expandtabs(4)) or " "
+        kind = "command" if line.startswith("$ ") else "output"
+        rows.append(f'<div class="{kind}">{text}</div>')
+    return f'<div class="console">{"".join(rows)}</div>\n'
+
+
+def styled_table(table):
+    """The table with a class for each column's title, and with errors as errors."""
+    titles = [re.sub(r"\W+", "-", title.lower()).strip("-") for title in re.findall(r"<th[^>]*>(.*?)</th>", table)]
+
+    def styled_row(row):
+        kinds = iter(titles)
+        return re.sub(r"<(td|th)[^>]*>", lambda cell: f'<{cell[1]} class="{next(kinds)}">', row[0])
+
+    table = re.sub(r"<tr>.*?</tr>", styled_row, table, flags=re.DOTALL)
+    table = re.sub(r'<tr>\s*<td class="command">(<strong>.*?</strong>)</td>\s*<td class="keys"></td>\s*</tr>',
+                   r'<tr class="group"><td colspan="2">\1</td></tr>', table)
+    table = table.replace("<code>Error: ", '<code class="error">Error: ').replace(r"\|", "|")
+    return table.replace("<table>", f'<table class="{"-".join(titles)} columns-{len(titles)}">')
+
+
+def key_or_code(text):
+    """Keys look like keys."""
+    tag = "kbd" if KEY.fullmatch(html.unescape(text)) else "code"
+    return f"<{tag}>{text}</{tag}>"
+
+
+def figure(folder, alternative, source, caption):
+    """A picture as wide as its window would be, with its caption."""
+    path = (folder / source).resolve()
+    scale = 2 if path.stem.endswith("-2x") else 1
+    width = struct.unpack(">I", path.read_bytes()[16:20])[0] / scale * MILLIMETRES_PER_PIXEL
+    return (f'<figure><img src="{path.as_uri()}" alt="{alternative}" style="width: {width:.1f}mm"/>'
+            f"<figcaption>{caption}</figcaption></figure>")
+
+
+def contents_of(chapters):
+    """The table of contents, linked."""
+    rows = []
+    for chapter in chapters:
+        sections = "".join(f'<li><a href="#{section["id"]}">{section["name"]}</a></li>'
+                           for section in chapter.contents["children"])
+        rows.append(f'<li><a href="#{chapter.name}">{chapter.contents["name"]}</a><ol>{sections}</ol></li>')
+    return f'<nav><h1 class="contents">Contents</h1><ol>{"".join(rows)}</ol></nav>'
+
+
+def page_of(folder, version):
+    """The whole guide as one HTML text."""
+    chapters = [Chapter(path) for path in sorted(folder.glob("[0-9]*.md"))]
+    body = "".join(f"<section>{chapter.html}</section>" for chapter in chapters)
+    emblem = (folder / "emblem.svg").read_text(encoding="utf-8")
+    return f"""<!DOCTYPE html>
+<html lang="en-GB"><head><meta charset="utf-8"><title>{TITLE}</title>
+<meta name="author" content="Tallix"><meta name="description" content="{SUBJECT}">
+<meta name="keywords" content="calculator, equations, variables, manual"></head><body>
+<div class="title">{emblem}<p class="name">Tallix</p><p class="kind">User Guide</p>
+<p class="version">Version {html.escape(version)}</p></div>
+{contents_of(chapters)}
+{body}</body></html>"""
+
+
+def render(folder, version, output):
+    """Writes the guide of `folder` as a PDF file."""
+    style = weasyprint.CSS(filename=str(folder / "guide.css"))
+    page = weasyprint.HTML(string=page_of(folder, version), base_url=str(folder))
+    pathlib.Path(output).parent.mkdir(parents=True, exist_ok=True)
+    page.write_pdf(output, stylesheets=[style], optimize_size=("fonts", "images"))
