@@ -12,7 +12,7 @@ import weasyprint
 from guide.examples import FENCE, lines_of
 
 # A pixel of the screen on paper. Pictures taken at scale 2 have "-2x" in their names.
-MILLIMETRES_PER_PIXEL = 0.165
+MILLIMETRES_PER_PIXEL = 0.15
 
 KEY = re.compile(r"(?:(?:Ctrl|Alt|Shift)\+)*(?:F\d+|Return|Esc|Tab|Up|Down|End|PgUp|PgDown|(?<=\+).|(?<=\+)(?:Ins|Del|Up|Down))")
 TITLE = "Tallix User Guide"
@@ -80,7 +80,7 @@ def styled_table(table):
     table = re.sub(r'<tr>\s*<td class="command">(<strong>.*?</strong>)</td>\s*<td class="keys"></td>\s*</tr>',
                    r'<tr class="group"><td colspan="2">\1</td></tr>', table)
     table = table.replace("<code>Error: ", '<code class="error">Error: ').replace(r"\|", "|")
-    return table.replace("<table>", f'<table class="{"-".join(titles)} columns-{len(titles)}">')
+    return f'<div class="{"-".join(titles)}">{table}</div>'
 
 
 def key_or_code(text):
@@ -90,11 +90,16 @@ def key_or_code(text):
 
 
 def figure(folder, alternative, source, caption):
-    """A picture as wide as its window would be, with its caption."""
-    path = (folder / source).resolve()
-    scale = 2 if path.stem.endswith("-2x") else 1
-    width = struct.unpack(">I", path.read_bytes()[16:20])[0] / scale * MILLIMETRES_PER_PIXEL
-    return (f'<figure><img src="{path.as_uri()}" alt="{alternative}" style="width: {width:.1f}mm"/>'
+    """A picture as wide as its window would be, with its caption. "#crop=LEFT,TOP,WIDTH,HEIGHT" behind its name says in
+    pixels what is shown of it."""
+    name, _, crop = source.partition("#crop=")
+    path = (folder / name).resolve()
+    pixel = MILLIMETRES_PER_PIXEL / (2 if path.stem.endswith("-2x") else 1)
+    whole = struct.unpack(">II", path.read_bytes()[16:24])
+    left, top, width, height = map(int, crop.split(",")) if crop else (0, 0, *whole)
+    return (f'<figure><div class="picture" style="width: {width * pixel:.2f}mm; height: {height * pixel:.2f}mm">'
+            f'<img src="{path.as_uri()}" alt="{alternative}" style="width: {whole[0] * pixel:.2f}mm; '
+            f'margin-left: {-left * pixel:.2f}mm; margin-top: {-top * pixel:.2f}mm"/></div>'
             f"<figcaption>{caption}</figcaption></figure>")
 
 
@@ -111,7 +116,7 @@ def contents_of(chapters):
 def page_of(folder, version):
     """The whole guide as one HTML text."""
     chapters = [Chapter(path) for path in sorted(folder.glob("[0-9]*.md"))]
-    body = "".join(f"<section>{chapter.html}</section>" for chapter in chapters)
+    body = "".join(f'<section class="{chapter.name}">{chapter.html}</section>' for chapter in chapters)
     emblem = (folder / "emblem.svg").read_text(encoding="utf-8")
     return f"""<!DOCTYPE html>
 <html lang="en-GB"><head><meta charset="utf-8"><title>{TITLE}</title>
