@@ -33,8 +33,9 @@ class Chapter:
         body = re.sub(r'href="([\w-]+)\.md"', r'href="#\1"', body)
         body = re.sub(r"<table>.*?</table>", lambda found: styled_table(found[0]), body, flags=re.DOTALL)
         body = re.sub(r"<code>(.*?)</code>", lambda found: key_or_code(found[1]), body)
-        self.html = re.sub(r'<p><img alt="([^"]*)" src="([^"]*)" title="([^"]*)" /></p>',
-                           lambda found: figure(path.parent, *found.groups()), body)
+        body = re.sub(r'<img alt="([^"]*)" src="([^"]*)" title="([^"]*)" />',
+                      lambda found: figure(path.parent, *found.groups()), body)
+        self.html = re.sub(r"<p>(<figure>.*?</figure>)</p>", r'<div class="figures">\1</div>', body, flags=re.DOTALL)
 
     def anchor(self, title, separator):
         """Where a section is found; sections of two chapters may have the same title."""

@@ -19,6 +19,7 @@ import re
 from dataclasses import dataclass, field
 
 ARROW = " → "
+NOTHING = "–"  # in a cell
 SEPARATORS = {"comma": ",", "blank": " ", "apostrophe": "'"}
 FORMATS = ("decimal", "scientific", "engineering", "percent", "binary", "octal", "hexadecimal")
 
@@ -133,6 +134,8 @@ def sessions_in_tables(markdown):
             continue
         for row in rows:
             typed = bare(row[titles.index("Type")])
+            if typed == NOTHING:
+                continue
             for title, cell in zip(titles, row, strict=True):
                 arguments = arguments_of_column(title)
                 if arguments is not None:
