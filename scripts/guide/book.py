@@ -12,7 +12,7 @@ import weasyprint
 from guide.examples import FENCE, lines_of
 
 # A pixel of the screen on paper. Pictures taken at scale 2 have "-2x" in their names.
-MILLIMETRES_PER_PIXEL = 0.15
+MILLIMETRES_PER_PIXEL = 0.14
 
 KEY = re.compile(r"(?:(?:Ctrl|Alt|Shift)\+)*(?:F\d+|Return|Esc|Tab|Up|Down|End|PgUp|PgDown|(?<=\+).|(?<=\+)(?:Ins|Del|Up|Down))")
 TITLE = "Tallix User Guide"
@@ -35,7 +35,9 @@ class Chapter:
         body = re.sub(r"<code>(.*?)</code>", lambda found: key_or_code(found[1]), body)
         body = re.sub(r'<img alt="([^"]*)" src="([^"]*)" title="([^"]*)" />',
                       lambda found: figure(path.parent, *found.groups()), body)
-        self.html = re.sub(r"<p>(<figure>.*?</figure>)</p>", r'<div class="figures">\1</div>', body, flags=re.DOTALL)
+        body = re.sub(r"<p>(<figure>.*?</figure>)</p>", r'<div class="figures">\1</div>', body, flags=re.DOTALL)
+        # What leads to an example, a table or a picture stays with it.
+        self.html = re.sub(r"<p>(?=(?:(?!</p>).)*</p>\s*<div)", '<p class="lead">', body, flags=re.DOTALL)
 
     def anchor(self, title, separator):
         """Where a section is found; sections of two chapters may have the same title."""
@@ -78,10 +80,19 @@ def styled_table(table):
         return re.sub(r"<(td|th)[^>]*>", lambda cell: f'<{cell[1]} class="{next(kinds)}">', row[0])
 
     table = re.sub(r"<tr>.*?</tr>", styled_row, table, flags=re.DOTALL)
-    table = re.sub(r'<tr>\s*<td class="command">(<strong>.*?</strong>)</td>\s*<td class="keys"></td>\s*</tr>',
-                   r'<tr class="group"><td colspan="2">\1</td></tr>', table)
     table = table.replace("<code>Error: ", '<code class="error">Error: ').replace(r"\|", "|")
-    return f'<div class="{"-".join(titles)}">{table}</div>'
+    halves = in_two_columns(table) if titles == ["command", "keys"] else table
+    return f'<div class="{"-".join(titles)}">{halves}</div>'
+
+
+def in_two_columns(table):
+    """A table of groups, each below a row with its title alone, as two beside each other."""
+    rows = re.findall(r"<tr>.*?</tr>", table.split("<tbody>")[1], re.DOTALL)
+    starts = [i for i, row in enumerate(rows) if "<strong>" in row]
+    middle = min(starts, key=lambda start: abs(2 * start - len(rows)))
+    for i in starts:
+        rows[i] = rows[i].replace("<tr>", '<tr class="group">')
+    return "".join(f"<table>{''.join(half)}</table>" for half in (rows[:middle], rows[middle:]))
 
 
 def key_or_code(text):
