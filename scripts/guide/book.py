@@ -14,7 +14,9 @@ from guide.examples import FENCE, lines_of
 # A pixel of the screen on paper. Pictures taken at scale 2 have "-2x" in their names.
 MILLIMETRES_PER_PIXEL = 0.14
 
-KEY = re.compile(r"(?:(?:Ctrl|Alt|Shift)\+)*(?:F\d+|Return|Esc|Tab|Up|Down|End|PgUp|PgDown|(?<=\+).|(?<=\+)(?:Ins|Del|Up|Down))")
+LONGEST_UNDIVIDED = 4  # calculations of a session that stay on one page
+
+KEY = re.compile(r"Alt|(?:(?:Ctrl|Alt|Shift)\+)*(?:F\d+|Return|Esc|Tab|Up|Down|End|PgUp|PgDown|(?<=\+).|(?<=\+)(?:Ins|Del|Up|Down))")
 TITLE = "Tallix User Guide"
 SUBJECT = "How to calculate with Tallix, in its window and in the terminal"
 
@@ -47,21 +49,31 @@ class Chapter:
 
 def with_sessions(text):
     """Markdown in which the blocks of sessions and commands are already HTML."""
-    return FENCE.sub(lambda found: {"tallix": session, "console": console}[found[1]](found[3]), text)
+    return FENCE.sub(lambda found: {"tallix": session, "console": console}[found[1]](found[3], found[2].split()), text)
 
 
-def session(block):
+def session(block, options):
     """A session as the history shows it: equations in black, answers in blue, errors in red."""
-    rows = []
-    for line in lines_of(block):
+    settings = ", ".join(setting_of(option) for option in options if option != "continued")
+    rows = [f'<div class="settings">{settings}</div>'] if settings else []
+    lines = lines_of(block)
+    for line in lines:
         kept = f'<span class="kept">→ {html.escape(line.kept)}</span>' if line.kept != line.typed else ""
         kind = "error" if line.is_error else "answer"
         rows.append(f'<div class="calculation"><div class="typed">{html.escape(line.typed)}{kept}</div>'
                     f'<div class="{kind}">{html.escape(line.answer)}</div></div>')
-    return f'<div class="session">{"".join(rows)}</div>\n'
+    return f'<div class="session{" long" if len(lines) > LONGEST_UNDIVIDED else ""}">{"".join(rows)}</div>\n'
 
 
-def console(block):
+def setting_of(option):
+    """An option of a session in the words of the window."""
+    name, _, value = option.partition("=")
+    words = {"degrees": "Degrees", "format": value.capitalize(), "figures": f"{value} Significant Figures",
+             "places": f"{value} Decimal Places", "thousands": f"Thousands Separators: {value}"}
+    return words[name]
+
+
+def console(block, _):
     """Commands in bold, and what they write."""
     rows = []
     for line in block.splitlines():
