@@ -14,7 +14,9 @@ from guide.examples import FENCE, lines_of
 # A pixel of the screen on paper. Pictures taken at scale 2 have "-2x" in their names.
 MILLIMETRES_PER_PIXEL = 0.14
 
-LONGEST_UNDIVIDED = 4  # calculations of a session that stay on one page
+# What stays on one page: so many calculations of a session, so many rows of a table.
+LONGEST_UNDIVIDED = 4
+LONGEST_UNDIVIDED_TABLE = 12
 
 KEY = re.compile(r"Alt|(?:(?:Ctrl|Alt|Shift)\+)*(?:F\d+|Return|Esc|Tab|Up|Down|End|PgUp|PgDown|(?<=\+).|(?<=\+)(?:Ins|Del|Up|Down))")
 TITLE = "Tallix User Guide"
@@ -93,6 +95,8 @@ def styled_table(table):
 
     table = re.sub(r"<tr>.*?</tr>", styled_row, table, flags=re.DOTALL)
     table = table.replace("<code>Error: ", '<code class="error">Error: ').replace(r"\|", "|")
+    if table.count("<tr>") > LONGEST_UNDIVIDED_TABLE:
+        table = table.replace("<table>", '<table class="long">')
     halves = in_two_columns(table) if titles == ["command", "keys"] else table
     return f'<div class="{"-".join(titles)}">{halves}</div>'
 
@@ -104,7 +108,7 @@ def in_two_columns(table):
     middle = min(starts, key=lambda start: abs(2 * start - len(rows)))
     for i in starts:
         rows[i] = rows[i].replace("<tr>", '<tr class="group">')
-    return "".join(f"<table>{''.join(half)}</table>" for half in (rows[:middle], rows[middle:]))
+    return "".join(f'<div class="half"><table>{"".join(half)}</table></div>' for half in (rows[:middle], rows[middle:]))
 
 
 def key_or_code(text):
