@@ -138,7 +138,14 @@ def contents_of(chapters):
         sections = "".join(f'<li><a href="#{section["id"]}">{section["name"]}</a></li>'
                            for section in chapter.contents["children"])
         rows.append(f'<li><a href="#{chapter.name}">{chapter.contents["name"]}</a><ol>{sections}</ol></li>')
-    return f'<nav><h1 class="contents">Contents</h1><ol>{"".join(rows)}</ol></nav>'
+    middle = middle_of([row.count("<li>") for row in rows])
+    lists = "".join(f'<ol>{"".join(half)}</ol>' for half in (rows[:middle], rows[middle:]))
+    return f'<nav><h1 class="contents">Contents</h1>{lists}</nav>'
+
+
+def middle_of(sizes):
+    """How many of these make up one half of all, as nearly as can be."""
+    return min(range(len(sizes)), key=lambda count: abs(2 * sum(sizes[:count]) - sum(sizes)))
 
 
 def page_of(folder, version):
