@@ -134,10 +134,11 @@ def figure(folder, alternative, source, caption):
 def contents_of(chapters):
     """The table of contents, linked."""
     rows = []
-    for chapter in chapters:
+    for number, chapter in enumerate(chapters, 1):
         sections = "".join(f'<li><a href="#{section["id"]}">{section["name"]}</a></li>'
                            for section in chapter.contents["children"])
-        rows.append(f'<li><a href="#{chapter.name}">{chapter.contents["name"]}</a><ol>{sections}</ol></li>')
+        title = f'<span class="number">{number}</span>\u2002{chapter.contents["name"]}'
+        rows.append(f'<li><a href="#{chapter.name}">{title}</a><ol>{sections}</ol></li>')
     middle = middle_of([row.count("<li>") for row in rows])
     lists = "".join(f'<ol>{"".join(half)}</ol>' for half in (rows[:middle], rows[middle:]))
     return f'<nav><h1 class="contents">Contents</h1>{lists}</nav>'
