@@ -2,15 +2,20 @@
 
 #include <QGuiApplication>
 #include <QIcon>
+#include <QTimer>
+#include <chrono>
+#include <utility>
 
 #include "app/MainMenu.h"
 #include "app/OutlineStyle.h"
 #include "app/StartChannel.h"
 #include "ui/document/MyDocument.h"
+#include "ui/document/TXWindow.h"
 
 namespace {
 
 constexpr char16_t id[] = u"org.tallix.tallix";
+constexpr std::chrono::seconds longestTimeWithoutIcon{1};
 
 /// The icon that is built in, in each size that was drawn.
 QIcon bundledIcon() {
@@ -37,8 +42,6 @@ Application::Application() {
     OutlineStyle::install();
     connect(&preferences_, &AppPreferencesController::colorsChosen, &appearance_, &Appearance::setChoice);
     Q_INIT_RESOURCE(icons);
-    // A theme may bring an icon of its own. Where none is installed, ours is at hand.
-    QGuiApplication::setWindowIcon(QIcon::fromTheme(QString::fromUtf16(id), bundledIcon()));
     connect(&documents_, &DocumentController::documentMade, this,
             [this](MyDocument* document) { MainMenu::fill(*document, documents_, preferences_); });
 #ifndef Q_OS_MACOS
@@ -47,7 +50,26 @@ Application::Application() {
     preferences_.awakeFromNib();
 }
 
-void Application::start() { documents_.newDocument(); }
+void Application::start() {
+    documents_.newDocument().documentWindow()->installEventFilter(this);
+    // A window that begins minimized is not painted.
+    QTimer::singleShot(longestTimeWithoutIcon, this, &Application::showWindowIcon);
+}
+
+bool Application::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Paint) {
+        watched->removeEventFilter(this);
+        QTimer::singleShot(0, this, &Application::showWindowIcon);
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+// To look for the icon in the desktop's themes is a third of the work of a start.
+void Application::showWindowIcon() {
+    if (std::exchange(hasWindowIcon_, true)) return;
+    // A theme may bring an icon of its own. Where none is installed, ours is at hand.
+    QGuiApplication::setWindowIcon(QIcon::fromTheme(QString::fromUtf16(id), bundledIcon()));
+}
 
 void Application::listen(StartChannel& channel) {
     channel.listen([this](const QByteArray& activationToken) {

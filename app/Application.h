@@ -20,7 +20,8 @@ public:
     /// Brings the user defaults in order.
     Application();
 
-    /// Opens the first document. The event loop ends when the last one is closed.
+    /// Opens the first document, and shows the program's icon when that is painted. The event loop ends when the last
+    /// document is closed.
     void start();
 
     /// Opens a document for each program that is started later and asks for one. The channel must outlive the
@@ -30,9 +31,14 @@ public:
     DocumentController& documents() { return documents_; }
     AppPreferencesController& preferences() { return preferences_; }
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
+    void showWindowIcon();
+
     ColorScheme colorScheme_;
     Appearance appearance_{colorScheme_};
     DocumentController documents_;
     AppPreferencesController preferences_{documents_};
+    bool hasWindowIcon_ = false;
 };

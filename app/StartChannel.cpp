@@ -3,8 +3,7 @@
 #include <QCryptographicHash>
 #include <QDeadlineTimer>
 #include <QFile>
-#include <QLocalServer>
-#include <QLocalSocket>
+#include <QSocketNotifier>
 #include <QThread>
 #include <QTimer>
 #include <algorithm>
@@ -24,6 +23,8 @@ constexpr char request[] = "new-window ";
 constexpr char reply[] = "opened\n";
 constexpr qint64 longestLine = 1024;
 constexpr unsigned long pauseBetweenTries = 10;  // ms
+constexpr qsizetype mostClients = 16;
+constexpr std::chrono::milliseconds pauseOfArrivals{100};
 
 // In place of a locked file.
 constexpr int noFile = -1;
@@ -85,16 +86,55 @@ QByteArray token(const QByteArray& text) {
 }
 
 bool ask(const QString& socketPath, const QByteArray& line, const QDeadlineTimer& deadline) {
-    const auto remaining = [&deadline] { return static_cast<int>(deadline.remainingTime()); };
-    QLocalSocket socket;
-    socket.connectToServer(socketPath);
-    if (!socket.waitForConnected(remaining())) return false;
-    socket.write(line);
-    while (!socket.canReadLine() && socket.bytesAvailable() < longestLine) {
-        if (!socket.waitForReadyRead(remaining())) return false;
+    const LocalSocket socket = LocalSocket::connected(socketPath);
+    if (!socket || !socket.send(line)) return false;
+    QByteArray answer;
+    auto state = LocalSocket::State::open;
+    while (state == LocalSocket::State::open && !answer.contains('\n') && answer.size() < longestLine) {
+        if (!socket.waitForMore(deadline)) return false;
+        state = socket.receive(&answer, longestLine);
     }
-    return socket.readLine(longestLine) == reply;
+    return answer == reply;
 }
+
+/// A program that has connected. It goes when it is answered, when it is not understood, or when its patience ends.
+class Client : public QObject {
+public:
+    Client(LocalSocket socket, std::chrono::milliseconds patience, StartChannel::WindowOpener open, QObject* parent)
+        : QObject(parent),
+          socket_(std::move(socket)),
+          arrivals_(socket_.descriptor(), QSocketNotifier::Read),
+          open_(std::move(open)) {
+        connect(&arrivals_, &QSocketNotifier::activated, this, &Client::take);
+        QTimer::singleShot(patience, this, &Client::leave);
+    }
+
+private:
+    void take() {
+        const LocalSocket::State state = socket_.receive(&received_, longestLine);
+        const qsizetype end = received_.indexOf('\n');
+        if (end >= 0) return answer(received_.left(end));
+        if (state == LocalSocket::State::ended || received_.size() >= longestLine) leave();
+    }
+
+    void answer(const QByteArray& line) {
+        // Who waits no longer has a window of its own by now.
+        const bool isAnswered = line.startsWith(request) && socket_.send(reply);
+        leave();
+        if (isAnswered) open_(line);
+    }
+
+    void leave() {
+        arrivals_.setEnabled(false);
+        socket_ = LocalSocket();
+        deleteLater();
+    }
+
+    LocalSocket socket_;
+    QSocketNotifier arrivals_;
+    StartChannel::WindowOpener open_;
+    QByteArray received_;
+};
 
 }  // namespace
 
@@ -132,42 +172,37 @@ bool StartChannel::handOver(const QByteArray& activationToken) {
 void StartChannel::listen(WindowOpener openWindow) {
     if (lock_ < 0) return;
     openWindow_ = std::move(openWindow);
-    server_ = std::make_unique<QLocalServer>();
-    server_->setSocketOptions(QLocalServer::UserAccessOption);
     // Who holds the lock finds no living socket there, only what is left of an earlier one.
-    QLocalServer::removeServer(socketPath());
-    QObject::connect(server_.get(), &QLocalServer::newConnection, server_.get(), [this] {
-        while (QLocalSocket* const client = server_->nextPendingConnection()) attend(*client);
-    });
+    server_ = LocalSocket::listening(socketPath());
     // Without a socket nobody should wait for an answer.
-    if (!server_->listen(socketPath())) close();
+    if (!server_) return close();
+    arrivals_ = std::make_unique<QSocketNotifier>(server_.descriptor(), QSocketNotifier::Read);
+    QObject::connect(arrivals_.get(), &QSocketNotifier::activated, arrivals_.get(), [this] { attend(); });
 }
 
-void StartChannel::attend(QLocalSocket& client) const {
-    client.setReadBufferSize(longestLine);
-    QObject::connect(&client, &QLocalSocket::readyRead, &client, [this, &client] { answer(client); });
-    QObject::connect(&client, &QLocalSocket::disconnected, &client, &QObject::deleteLater);
-    auto* timer = new QTimer(&client);
-    QObject::connect(timer, &QTimer::timeout, &client, &QLocalSocket::abort);
-    timer->start(patience_);
-    answer(client);
-}
-
-void StartChannel::answer(QLocalSocket& client) const {
-    if (!client.canReadLine()) {
-        if (client.bytesAvailable() >= longestLine) client.abort();
-        return;
+void StartChannel::attend() {
+    const auto open = [this](const QByteArray& line) {
+        openWindow_(token(line.mid(static_cast<qsizetype>(sizeof(request)) - 1)));
+    };
+    bool isAnyoneThere = false;
+    while (arrivals_->children().size() < mostClients) {
+        LocalSocket socket = server_.accepted();
+        if (!socket) break;
+        isAnyoneThere = true;
+        new Client(std::move(socket), patience_, open, arrivals_.get());
     }
-    const QByteArray line = client.readLine(longestLine).chopped(1);
-    if (!line.startsWith(request)) return client.abort();
-    client.write(reply);
-    client.flush();
-    // Who waits no longer has a window of its own by now.
-    if (client.state() != QLocalSocket::ConnectedState) return;
-    openWindow_(token(line.mid(static_cast<qsizetype>(sizeof(request)) - 1)));
+    if (!isAnyoneThere) pauseArrivals();
+}
+
+// Too many at once, or no file left for another one: else this would be tried again and again meanwhile.
+void StartChannel::pauseArrivals() {
+    arrivals_->setEnabled(false);
+    QTimer::singleShot(pauseOfArrivals, arrivals_.get(), [this] { arrivals_->setEnabled(true); });
 }
 
 void StartChannel::close() {
-    server_.reset();
+    arrivals_.reset();
+    if (server_) QFile::remove(socketPath());
+    server_ = LocalSocket();
     if (lock_ >= 0) unlock(std::exchange(lock_, noFile));
 }

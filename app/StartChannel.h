@@ -6,8 +6,9 @@
 #include <functional>
 #include <memory>
 
-class QLocalServer;
-class QLocalSocket;
+#include "app/LocalSocket.h"
+
+class QSocketNotifier;
 
 /// Lets a program that is started again hand over to the one that runs already, of which there is one for each user and
 /// display.
@@ -40,7 +41,7 @@ public:
     bool hasRunningProgram();
 
     /// Asks the running program for a window and gives whether it opens one. It may be just starting or ending, so it
-    /// is asked until it has answered, this program is the first itself, or patience ends. Needs a QCoreApplication.
+    /// is asked until it has answered, this program is the first itself, or patience ends.
     bool handOver(const QByteArray& activationToken);
 
     /// Answers the programs that are started from now on, if this one is the first. Needs an event loop.
@@ -50,12 +51,13 @@ public:
     void close();
 
 private:
-    void attend(QLocalSocket& client) const;
-    void answer(QLocalSocket& client) const;
+    void attend();
+    void pauseArrivals();
 
     QString place_;
     std::chrono::milliseconds patience_;
     int lock_ = -1;  ///< A file that is locked as long as it is open; less than 0 when it is not this program's.
     WindowOpener openWindow_;
-    std::unique_ptr<QLocalServer> server_;
+    LocalSocket server_;
+    std::unique_ptr<QSocketNotifier> arrivals_;  ///< Those that have connected are its children.
 };

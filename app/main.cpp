@@ -36,17 +36,10 @@ struct ToolkitArguments {
     char* values[2];
 };
 
-bool isHandedOver(StartChannel& channel, char* programName) {
-    if (!channel.hasRunningProgram()) return false;
-    ToolkitArguments arguments(programName);
-    const QCoreApplication toolkit(arguments.count, static_cast<char**>(arguments.values));
-    return channel.handOver(qgetenv("XDG_ACTIVATION_TOKEN"));
-}
-
 int runApplication(const LaunchOptions& options, char* programName) {
     Application::introduce();
     StartChannel channel(options.isNewProcess ? QString() : StartChannel::placeInEnvironment());
-    if (isHandedOver(channel, programName)) return exitStatus::success;
+    if (channel.handOver(qgetenv("XDG_ACTIVATION_TOKEN"))) return exitStatus::success;
     ToolkitArguments arguments(programName);
     const QApplication toolkit(arguments.count, static_cast<char**>(arguments.values));
     QGuiApplication::setLayoutDirection(QLocale::system().textDirection());

@@ -1,6 +1,6 @@
 # tallix_qt_target(TARGET LIBRARIES...): a target whose sources use Qt. Meta objects and the layouts of Qt Designer are
 # made from what is listed among its sources; the libraries are components of Qt (Widgets, PrintSupport, ...).
-find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets Network PrintSupport)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets PrintSupport)
 
 function(tallix_qt_target target)
     set_target_properties(${target} PROPERTIES AUTOMOC ON AUTOUIC ON AUTORCC ON)

@@ -44,21 +44,29 @@ struct WindowIcon : testing::Test {
     ~WindowIcon() override {
         QIcon::setThemeSearchPaths(pathsBefore);
         QIcon::setThemeName(nameBefore);
+        QGuiApplication::setWindowIcon({});
+    }
+
+    /// The icon that the program shows when its first window is there.
+    QIcon icon() {
+        application.start();
+        EXPECT_TRUE(QTest::qWaitFor([] { return !QGuiApplication::windowIcon().isNull(); }));
+        return QGuiApplication::windowIcon();
     }
 
     const QStringList pathsBefore = QIcon::themeSearchPaths();
     const QString nameBefore = QIcon::themeName();
     QTemporaryDir themes;
     SettingsFolder settings;
+    Application application;
 };
 
 TEST_F(WindowIcon, isBuiltInInEverySizeThatWasDrawn) {
     QIcon::setThemeSearchPaths({themes.path()});
-    const Application application;
-    const QIcon icon = QGuiApplication::windowIcon();
+    const QIcon shown = icon();
     for (const int size : {16, 22, 24, 32, 48, 64, 128, 256}) {
-        EXPECT_TRUE(icon.availableSizes().contains(QSize(size, size))) << size;
-        EXPECT_EQ(icon.pixmap(size).toImage().pixelColor(size / 2, size * 7 / 8).blue() / 16, 0xd0 / 16) << size;
+        EXPECT_TRUE(shown.availableSizes().contains(QSize(size, size))) << size;
+        EXPECT_EQ(shown.pixmap(size).toImage().pixelColor(size / 2, size * 7 / 8).blue() / 16, 0xd0 / 16) << size;
     }
 }
 
@@ -74,8 +82,18 @@ TEST_F(WindowIcon, isThatOfTheTheme) {
     QIcon::setThemeSearchPaths({themes.path()});
     QIcon::setThemeName("own");
 
-    const Application application;
-    EXPECT_EQ(QGuiApplication::windowIcon().pixmap(16).toImage().pixelColor(8, 8), QColor(Qt::green));
+    EXPECT_EQ(icon().pixmap(16).toImage().pixelColor(8, 8), QColor(Qt::green));
+}
+
+TEST_F(WindowIcon, doesNotKeepTheFirstWindowWaiting) {
+    application.start();
+    EXPECT_TRUE(QGuiApplication::windowIcon().isNull());
+}
+
+TEST_F(WindowIcon, comesAlsoToAWindowThatIsNotPainted) {
+    application.start();
+    application.documents().documents().first()->documentWindow()->hide();
+    EXPECT_TRUE(QTest::qWaitFor([] { return !QGuiApplication::windowIcon().isNull(); }));
 }
 
 struct LaterStart : ApplicationTest {

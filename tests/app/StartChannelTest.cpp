@@ -235,6 +235,27 @@ TEST_F(StartChannelTest, hangsUpOnOneThatSaysNothing) {
     EXPECT_THAT(windows, IsEmpty());
 }
 
+TEST_F(StartChannelTest, goesOnWhenManySayNothing) {
+    StartChannel listening(folder.filePath("listening"), shortPatience);
+    listen(listening);
+    std::vector<std::unique_ptr<QLocalSocket>> silent(100);
+    for (auto& socket : silent) {
+        socket = std::make_unique<QLocalSocket>();
+        socket->connectToServer(listening.socketPath());
+    }
+    StartChannel second(folder.filePath("listening"));
+    EXPECT_TRUE(isHandedOver(second));
+    EXPECT_THAT(windows, ElementsAre(""));
+}
+
+TEST_F(StartChannelTest, staysAloneWhereThePathIsTooLongForAnAddress) {
+    const QString deep = folder.filePath(QString(120, u'd'));
+    ASSERT_TRUE(QDir().mkpath(deep));
+    StartChannel one(deep + "/tallix");
+    listen(one);
+    EXPECT_FALSE(StartChannel(deep + "/tallix").hasRunningProgram());
+}
+
 /// The environment of a program, for a while.
 class Environment {
 public:
