@@ -73,8 +73,10 @@ void Application::showWindowIcon() {
 
 void Application::listen(StartChannel& channel) {
     channel.listen([this](const QByteArray& activationToken) {
-        // From there Qt takes it when the window asks to be the active one.
-        if (!activationToken.isEmpty()) qputenv("XDG_ACTIVATION_TOKEN", activationToken);
+        // From there Qt takes it when the window asks to be the active one. Elsewhere it would be left to what is
+        // started next.
+        const bool isTaken = QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+        if (isTaken && !activationToken.isEmpty()) qputenv("XDG_ACTIVATION_TOKEN", activationToken);
         documents_.newDocument();
     });
 #ifndef Q_OS_MACOS

@@ -55,8 +55,7 @@ MyDocument* DocumentController::reopenClosedDocument() {
 void DocumentController::add(const OpenDocument& open) {
     MyDocument* const document = open.document;
     const QString title = open.number == 1 ? tr("Untitled") : tr("Untitled %1").arg(open.number);
-    document->documentWindow()->setWindowTitle(title);
-    document->miniWindow()->setWindowTitle(title);
+    for (QWidget* window : document->windows()) window->setWindowTitle(title);
     openDocuments_.push_back(open);
     connect(document, &MyDocument::activated, this, [this, document] { activeDocument_ = document; });
     connect(document, &MyDocument::closed, this, [this, document] { remove(document); });
@@ -118,8 +117,7 @@ void DocumentController::remove(MyDocument* document) {
 
 // The document itself is kept, with hidden windows, since nobody else knows all that it consists of.
 void DocumentController::keepClosed(const OpenDocument& closed) {
-    closePanels(*closed.document->documentWindow());
-    closePanels(*closed.document->miniWindow());
+    for (const QWidget* window : closed.document->windows()) closePanels(*window);
     keepPlace(*closed.document->activeWindow());
     closedDocuments_.push_back(closed);
     forgetClosedDocuments(openDocuments_.empty() ? 0 : mostClosedDocuments);

@@ -45,14 +45,11 @@ TextState stateOf(const QLineEdit& field) {
 }  // namespace
 
 EditCommands::EditCommands(MyDocument& document, const Actions& actions)
-    : QObject(document.documentWindow()),
-      document_(document),
-      windows_({document.documentWindow(), document.miniWindow()}),
-      actions_(actions) {
+    : QObject(document.documentWindow()), document_(document), actions_(actions) {
     connectActions();
     connect(&document, &MyDocument::canUndoClearHistoryChanged, this, &EditCommands::updateActions);
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { moveFocus(now); });
-    follow(windows_.first()->focusWidget());
+    follow(document.documentWindow()->focusWidget());
 }
 
 void EditCommands::connectActions() {
@@ -81,7 +78,7 @@ void EditCommands::undo() {
 
 // While a menu is open, or another window is active, the commands stay with the text view that had the focus.
 void EditCommands::moveFocus(QWidget* widget) {
-    const bool isInWindow = widget != nullptr && windows_.contains(widget->window());
+    const bool isInWindow = widget != nullptr && document_.windows().contains(widget->window());
     if (isInWindow && qobject_cast<QMenuBar*>(widget) == nullptr) follow(widget);
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QList>
 #include <QObject>
 #include <QPointer>
 
@@ -34,7 +33,6 @@ private:
     void updateActions();
 
     MyDocument& document_;
-    QList<QWidget*> windows_;
     Actions actions_;
     QPointer<QWidget> textView_;
 };

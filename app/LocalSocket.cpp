@@ -19,7 +19,7 @@
 
 namespace {
 
-constexpr int waitingOnes = 16;
+constexpr int waitingOnes = 64;
 
 /// The descriptor's socket, neither inherited by other programs nor ever waited for.
 LocalSocket prepared(int descriptor) {
@@ -65,9 +65,9 @@ LocalSocket LocalSocket::listening(const QString& path) {
     LocalSocket socket = madeSocket();
     if (!address || !socket) return LocalSocket();
     unlink(static_cast<const char*>(address->sun_path));
-    // Before it has a name: from then on others might reach it.
-    fchmod(socket.descriptor(), S_IRUSR | S_IWUSR);
-    const bool isListening = bind(socket.descriptor(), generic(*address), sizeof(*address)) == 0 &&
+    // Before it has a name: from then on others might reach it. What is sticky is not cleaned away on long days.
+    const bool isListening = fchmod(socket.descriptor(), S_IRUSR | S_IWUSR | S_ISVTX) == 0 &&
+                             bind(socket.descriptor(), generic(*address), sizeof(*address)) == 0 &&
                              ::listen(socket.descriptor(), waitingOnes) == 0;
     return isListening ? std::move(socket) : LocalSocket();
 }

@@ -89,7 +89,7 @@ MainMenu::MainMenu(MyDocument& document, DocumentController& documents, AppPrefe
     connectWindowMenu();
     connectHelpMenu();
     addKeys();
-    shareKeysWithMiniWindow();
+    connect(&document_, &MyDocument::miniWindowLoaded, this, &MainMenu::shareKeysWithMiniWindow);
 }
 
 MainMenu::~MainMenu() = default;
@@ -240,10 +240,10 @@ void MainMenu::addKeys() {
 }
 
 // It shows no menu bar, but all the keys work there.
-void MainMenu::shareKeysWithMiniWindow() {
+void MainMenu::shareKeysWithMiniWindow(QWidget* miniWindow) {
     for (QAction* action : window_->findChildren<QAction*>()) {
         const bool hasKey = !action->shortcut().isEmpty();
-        if (hasKey && action != ui_->menuBarAction) document_.miniWindow()->addAction(action);
+        if (hasKey && action != ui_->menuBarAction) miniWindow->addAction(action);
     }
 }
 

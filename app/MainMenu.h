@@ -36,7 +36,7 @@ private:
     void fillFormatMenu();
     void connectViewMenu();
     void connectMiniMode();
-    void shareKeysWithMiniWindow();
+    void shareKeysWithMiniWindow(QWidget* miniWindow);
     void connectWindowMenu();
     void connectHelpMenu();
     void addKeys();

@@ -2,8 +2,10 @@
 
 #include <QApplication>
 #include <QPainter>
+#include <QPointer>
 #include <QStyleOption>
 
+#include "app/LaterIcon.h"
 #include "ui/document/contrast.h"
 
 namespace {
@@ -60,6 +62,16 @@ void OutlineStyle::install() {
     if (!isFusion() || qobject_cast<OutlineStyle*>(QApplication::style()) != nullptr) return;
     QApplication::setStyle(new OutlineStyle);
 }  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the application owns it.
+
+// Each menu bar asks for the icon of a button that it shows only where it has too little room. To find one in the
+// themes would keep the first window waiting.
+QIcon OutlineStyle::standardIcon(StandardPixmap standard, const QStyleOption* option, const QWidget* widget) const {
+    if (standard != SP_ToolBarHorizontalExtensionButton) return QProxyStyle::standardIcon(standard, option, widget);
+    const QPointer style(this);
+    return QIcon(new LaterIcon([style] {
+        return style == nullptr ? QIcon() : style->QProxyStyle::standardIcon(SP_ToolBarHorizontalExtensionButton);
+    }));
+}  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the icon owns it.
 
 const QPalette& OutlineStyle::outlinedPalette(const QPalette& palette) const {
     const auto known = outlinedPalettes_.constFind(palette.cacheKey());

@@ -23,6 +23,7 @@ public:
                      const QWidget* widget) const override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
+    QIcon standardIcon(StandardPixmap standard, const QStyleOption* option, const QWidget* widget) const override;
 
 private:
     OutlineStyle();

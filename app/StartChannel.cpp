@@ -8,6 +8,7 @@
 #include <QTimer>
 #include <algorithm>
 #include <cerrno>
+#include <cstring>
 #include <utility>
 
 #ifdef Q_OS_UNIX
@@ -23,7 +24,8 @@ constexpr char request[] = "new-window ";
 constexpr char reply[] = "opened\n";
 constexpr qint64 longestLine = 1024;
 constexpr unsigned long pauseBetweenTries = 10;  // ms
-constexpr qsizetype mostClients = 16;
+constexpr qsizetype mostClients = 64;
+constexpr std::chrono::milliseconds longestSilence{300};
 constexpr std::chrono::milliseconds pauseOfArrivals{100};
 
 // In place of a locked file.
@@ -43,6 +45,7 @@ int lockedFile(const QString& path) {
     constexpr int flags = O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;
     const int file = open(QFile::encodeName(path).constData(), flags, S_IRUSR | S_IWUSR);
     if (file < 0) return noFile;
+    fchmod(file, S_IRUSR | S_IWUSR | S_ISVTX);  // What is sticky is not cleaned away on long days.
     if (flock(file, LOCK_EX | LOCK_NB) == 0) return file;
     const bool isHeld = errno == EWOULDBLOCK;
     ::close(file);
@@ -66,15 +69,38 @@ QString runtimeFolder() {
     return sandbox.isEmpty() ? folder : folder + QStringLiteral("/app/") + sandbox;
 }
 
+/// The platforms that may be used to show windows, with the one that is tried first at the front; empty for all.
+QList<QByteArray> platforms() {
+    QList<QByteArray> names = qgetenv("QT_QPA_PLATFORM").split(';');
+    for (QByteArray& name : names) name.truncate(name.contains(':') ? name.indexOf(':') : name.size());
+    names.removeAll(QByteArray());
+    return names;
+}
+
+QByteArray waylandDisplay(bool isTheOnlyOne) {
+    const QByteArray name = qgetenv("WAYLAND_DISPLAY");
+    return name.isEmpty() && isTheOnlyOne ? QByteArray("wayland-0") : name;
+}
+
+QByteArray x11Display() {
+    QByteArray name = qgetenv("DISPLAY");
+    if (name.startsWith("unix:")) name.remove(0, static_cast<qsizetype>(std::strlen("unix")));
+    // The number of a screen after the display's own: windows may move from one to the other.
+    const qsizetype point = name.indexOf('.', name.lastIndexOf(':'));
+    if (point >= 0) name.truncate(point);
+    return name;
+}
+
 /// What tells the display from others; empty when nothing is shown on one.
 QByteArray display() {
-    const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
-    const auto maybeOn = [&platform](const char* name) { return platform.isEmpty() || platform.startsWith(name); };
-    const QByteArray wayland = maybeOn("wayland") ? qgetenv("WAYLAND_DISPLAY") : QByteArray();
-    QByteArray x11 = maybeOn("xcb") ? qgetenv("DISPLAY") : QByteArray();
-    // The number of a screen after the display's own: windows may move from one to the other.
-    const qsizetype point = x11.indexOf('.', x11.lastIndexOf(':'));
-    if (point >= 0) x11.truncate(point);
+    const QList<QByteArray> all = platforms();
+    const auto includes = [&all](const char* name) {
+        const auto isIt = [name](const QByteArray& platform) { return platform.startsWith(name); };
+        return all.isEmpty() || std::any_of(all.begin(), all.end(), isIt);
+    };
+    const QByteArray x11 = includes("xcb") ? x11Display() : QByteArray();
+    const bool isOnlyWayland = !all.isEmpty() && !includes("xcb");
+    const QByteArray wayland = includes("wayland") ? waylandDisplay(isOnlyWayland) : QByteArray();
     return wayland.isEmpty() && x11.isEmpty() ? QByteArray() : wayland + '\n' + x11;
 }
 
@@ -85,16 +111,19 @@ QByteArray token(const QByteArray& text) {
     return isToken ? text : QByteArray();
 }
 
-bool ask(const QString& socketPath, const QByteArray& line, const QDeadlineTimer& deadline) {
+enum class Outcome { opened, refused, unanswered };
+
+Outcome ask(const QString& socketPath, const QByteArray& line, const QDeadlineTimer& deadline) {
     const LocalSocket socket = LocalSocket::connected(socketPath);
-    if (!socket || !socket.send(line)) return false;
+    if (!socket || !socket.send(line)) return Outcome::unanswered;
     QByteArray answer;
     auto state = LocalSocket::State::open;
     while (state == LocalSocket::State::open && !answer.contains('\n') && answer.size() < longestLine) {
-        if (!socket.waitForMore(deadline)) return false;
+        if (!socket.waitForMore(deadline)) return Outcome::unanswered;
         state = socket.receive(&answer, longestLine);
     }
-    return answer == reply;
+    if (answer == reply) return Outcome::opened;
+    return answer.isEmpty() ? Outcome::unanswered : Outcome::refused;
 }
 
 /// A program that has connected. It goes when it is answered, when it is not understood, or when its patience ends.
@@ -162,8 +191,8 @@ bool StartChannel::handOver(const QByteArray& activationToken) {
     const QByteArray line = request + token(activationToken) + '\n';
     const QDeadlineTimer deadline(patience_);
     while (hasRunningProgram()) {
-        if (ask(socketPath(), line, deadline)) return true;
-        if (deadline.hasExpired()) return false;
+        const Outcome outcome = ask(socketPath(), line, deadline);
+        if (outcome != Outcome::unanswered || deadline.hasExpired()) return outcome == Outcome::opened;
         QThread::msleep(pauseBetweenTries);
     }
     return false;
@@ -189,7 +218,7 @@ void StartChannel::attend() {
         LocalSocket socket = server_.accepted();
         if (!socket) break;
         isAnyoneThere = true;
-        new Client(std::move(socket), patience_, open, arrivals_.get());
+        new Client(std::move(socket), std::min(patience_, longestSilence), open, arrivals_.get());
     }
     if (!isAnyoneThere) pauseArrivals();
 }

@@ -19,7 +19,7 @@ class QSocketNotifier;
 class StartChannel {
 public:
     /// How long a request waits for its answer, or the other way round.
-    static constexpr std::chrono::milliseconds defaultPatience{3000};
+    static constexpr std::chrono::milliseconds defaultPatience{1000};
 
     /// Opens a new window. The token, which may be empty, is the desktop's leave to bring it to the front.
     using WindowOpener = std::function<void(const QByteArray& activationToken)>;
@@ -41,7 +41,8 @@ public:
     bool hasRunningProgram();
 
     /// Asks the running program for a window and gives whether it opens one. It may be just starting or ending, so it
-    /// is asked until it has answered, this program is the first itself, or patience ends.
+    /// is asked until it has answered, this program is the first itself, or patience ends. Whoever gives another answer
+    /// is not asked again.
     bool handOver(const QByteArray& activationToken);
 
     /// Answers the programs that are started from now on, if this one is the first. Needs an event loop.

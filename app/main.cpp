@@ -1,10 +1,12 @@
 #include <QApplication>
 #include <QLocale>
 #include <cstdio>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "app/Application.h"
+#include "app/FontReading.h"
 #include "app/LaunchOptions.h"
 #include "app/StartChannel.h"
 
@@ -40,11 +42,13 @@ int runApplication(const LaunchOptions& options, char* programName) {
     Application::introduce();
     StartChannel channel(options.isNewProcess ? QString() : StartChannel::placeInEnvironment());
     if (channel.handOver(qgetenv("XDG_ACTIVATION_TOKEN"))) return exitStatus::success;
+    auto fonts = std::make_optional<FontReading>();
     ToolkitArguments arguments(programName);
     const QApplication toolkit(arguments.count, static_cast<char**>(arguments.values));
     QGuiApplication::setLayoutDirection(QLocale::system().textDirection());
     Application application;
     application.listen(channel);
+    fonts.reset();
     application.start();
     return QApplication::exec();
 }

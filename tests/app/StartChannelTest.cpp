@@ -112,6 +112,7 @@ TEST_F(StartChannelTest, isReachableByTheUserAlone) {
         struct stat facts = {};
         ASSERT_EQ(stat(QFile::encodeName(path).constData(), &facts), 0);
         EXPECT_EQ(facts.st_mode & (S_IRWXG | S_IRWXO), 0U) << path.toStdString();
+        EXPECT_NE(facts.st_mode & S_ISVTX, 0U) << "might be cleaned away: " << path.toStdString();
     }
 }
 
@@ -199,6 +200,20 @@ TEST_F(StartChannelTest, givesUpWhenTheAnswerIsAnother) {
     }
 }
 
+TEST_F(StartChannelTest, doesNotAskTwiceWhoGivesAnotherAnswer) {
+    ASSERT_FALSE(first.hasRunningProgram());
+    QLocalServer foreign;
+    ASSERT_TRUE(foreign.listen(first.socketPath()));
+    int asked = 0;
+    QObject::connect(&foreign, &QLocalServer::newConnection, [&] {
+        ++asked;
+        foreign.nextPendingConnection()->write("no\n");
+    });
+    StartChannel second(place());
+    EXPECT_FALSE(isHandedOver(second));
+    EXPECT_EQ(asked, 1);
+}
+
 TEST_F(StartChannelTest, opensNothingForOneThatWaitsNoLonger) {
     listen(first);
     {
@@ -236,7 +251,7 @@ TEST_F(StartChannelTest, hangsUpOnOneThatSaysNothing) {
 }
 
 TEST_F(StartChannelTest, goesOnWhenManySayNothing) {
-    StartChannel listening(folder.filePath("listening"), shortPatience);
+    StartChannel listening(folder.filePath("listening"));
     listen(listening);
     std::vector<std::unique_ptr<QLocalSocket>> silent(100);
     for (auto& socket : silent) {
@@ -299,7 +314,13 @@ TEST_F(PlaceTest, isThatOfADisplay) {
     EXPECT_EQ(place(":0"), place(":0.1"));
     EXPECT_EQ(place(":0"), place(":0", {}, "xcb"));
     EXPECT_EQ(place(":0", "wayland-0", "xcb"), place(":0"));
-    EXPECT_EQ(place(":0", "wayland-0", "wayland;xcb"), place({}, "wayland-0"));
+    EXPECT_EQ(place(":0", "wayland-0", "wayland"), place({}, "wayland-0"));
+    EXPECT_EQ(place({}, "wayland-0", "wayland-egl"), place({}, "wayland-0"));
+    EXPECT_EQ(place({}, {}, "wayland"), place({}, "wayland-0"));
+    EXPECT_EQ(place(":0", "wayland-0", "wayland;xcb"), place(":0", "wayland-0"));
+    EXPECT_EQ(place(":0", {}, "wayland;xcb"), place(":0"));
+    EXPECT_EQ(place(":0", {}, "xcb:option;wayland"), place(":0"));
+    EXPECT_EQ(place("unix:0"), place(":0"));
     EXPECT_NE(place(":0"), place(":1"));
     EXPECT_NE(place(":0"), place("other:0"));
     EXPECT_NE(place("host.name:1"), place("host.name:2"));

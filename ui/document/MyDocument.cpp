@@ -21,21 +21,13 @@ TXVariableArray* globalVariableArray = nullptr;  // NOLINT(cppcoreguidelines-avo
 
 namespace {
 
-constexpr double miniEntryPointSize = 13.0;
-constexpr QColor miniBackground(0x2A, 0x2B, 0x2F);
-constexpr float shadowOpacity = 0.6F;
-constexpr double miniLabelPointSize = 11.0;
-constexpr QColor miniLabelColor(255, 255, 255, 178);
-
-QFont sized(QFont font, double points) {
-    font.setPointSizeF(points);
-    return font;
-}
+constexpr double fullSizeOfLiveAnswer = 13.0 / 15.0;  // of the entry's points
 
 QFont fontNamed(const QString& family, double points) {
     QFont font(family);
     font.setStyleHint(QFont::SansSerif);  // where the family is missing
-    return sized(font, points);
+    font.setPointSizeF(points);
+    return font;
 }
 
 }  // namespace
@@ -51,7 +43,7 @@ MyDocument::MyDocument(QObject* parent)
 MyDocument::~MyDocument() {
     // What happens to the windows from now on is only that they go.
     documentWindow_->removeEventFilter(this);
-    miniWindow_->removeEventFilter(this);
+    if (miniWindow_ != nullptr) miniWindow_->removeEventFilter(this);
     // They go one after the other, and until then an input method may ask them for the line.
     mainField()->setParentDocument(nullptr);
     variableOutlineView()->setParentDocument(nullptr);
@@ -72,54 +64,25 @@ void MyDocument::loadWindows() {
     QAccessible::installFactory(&EntryAccessible::make);  // Once: it is known by its address.
     documentWindow_ = std::make_unique<TXWindow>();
     ui_->setupUi(documentWindow_.get());
-    miniWindow_ = std::make_unique<QWidget>();
-    miniUi_->setupUi(miniWindow_.get());
     showTextSize();
 
     mainField()->awakeFromNib();
     mainField()->setParentDocument(this);
     ui_->secondaryControlledView->setBackgroundRole(QPalette::Base);  // one sheet with the history
     prepareFormatControls();
-    prepareMiniWindow();
     prepareSidebar();
     prepareFindBar();
-    prepareClearHistory();
     prepareMiniMode();
-    prepareHelp();
-    for (TXFormulaEnteringTextView* entry :
-         std::initializer_list<TXFormulaEnteringTextView*>{formulaTextView(), miniModeformulaTextView()}) {
-        entry->setParentDocument(this);
-        entry->awakeFromNib();
-    }
-    fixHeightOfMiniWindow();
-    keepEquationsLeftToRight();
+    entryOptions_ = EntryOptions::stored();
+    prepareEntry(formulaTextView(), fullSizeOfLiveAnswer);
+    secondaryControlledView()->setLayoutDirection(Qt::LeftToRight);  // as equations are on a mirrored desktop, too
 }
 
-// On a mirrored desktop, too: what is around them is mirrored.
-void MyDocument::keepEquationsLeftToRight() {
-    for (QWidget* view :
-         std::initializer_list<QWidget*>{secondaryControlledView(), miniModeformulaTextView(), miniModeAnswerField()}) {
-        view->setLayoutDirection(Qt::LeftToRight);
-    }
-}
-
-// The mini window is dark on every desktop.
-void MyDocument::prepareMiniWindow() {
-    QPalette colors = miniWindow_->palette();
-    colors.setColor(QPalette::Window, miniBackground);
-    colors.setColor(QPalette::Base, miniBackground);
-    colors.setColor(QPalette::WindowText, Qt::white);
-    miniWindow_->setPalette(colors);
-    miniModeformulaTextView()->setFont(sized(documentFont_, miniEntryPointSize));
-    QPalette labelColors = colors;
-    labelColors.setColor(QPalette::WindowText, miniLabelColor);
-    miniUi_->miniModeFormatLabel->setPalette(labelColors);
-    miniUi_->miniModeFormatLabel->setFont(sized(documentFont_, miniLabelPointSize));
-}
-
-// With the fonts known: only the width is the user's to change.
-void MyDocument::fixHeightOfMiniWindow() {
-    miniWindow_->setFixedHeight(std::max(miniWindow_->height(), miniUi_->miniLayout->minimumSize().height()));
+void MyDocument::prepareEntry(TXFormulaEnteringTextView* entry, double sizeOfLiveAnswer) {
+    prepareHelp(entry, sizeOfLiveAnswer);
+    entry->setParentDocument(this);
+    entry->awakeFromNib();
+    forgetClearedHistoryWithChangesOf(*entry);
 }
 
 void MyDocument::windowControllerDidLoadNib() {
@@ -128,14 +91,10 @@ void MyDocument::windowControllerDidLoadNib() {
     mainField()->setEditable(false);
     documentWindow_->setDocumentController(this);
     documentWindow_->installEventFilter(this);
-    miniWindow_->installEventFilter(this);
     for (QAbstractScrollArea* view :
          std::initializer_list<QAbstractScrollArea*>{mainField(), formulaTextView(), variableOutlineView()}) {
         view->viewport()->installEventFilter(this);
     }
-    miniModeformulaTextView()->setTypedTextShadow({QColor::fromRgbF(0.0F, 0.0F, 0.0F, shadowOpacity), {0.0, 1.0}});
-    miniModeformulaTextView()->setTextColor(Qt::white);
-    miniModeAnswerField()->setFrameShadow(QFrame::Sunken);
 }
 
 void MyDocument::takeUserDefaults() {
@@ -171,7 +130,7 @@ bool MyDocument::eventFilter(QObject* watched, QEvent* event) {
     if (isWindow && event->type() == QEvent::WindowDeactivate) rememberLayout();
     if (isWindow && event->type() == QEvent::Close) {
         if (activeWindow()->isActiveWindow()) rememberLayout();
-        if (watched == miniWindow()) rememberMiniWindow(miniWindow()->geometry());
+        if (watched == miniWindow_.get()) rememberMiniWindow(miniWindow_->geometry());
         emit closed();
     }
     if (event->type() == QEvent::KeyPress && qobject_cast<QSplitterHandle*>(watched) != nullptr) {
@@ -207,16 +166,10 @@ TXHistoryViewerTextView* MyDocument::mainField() const { return ui_->mainField; 
 
 TXFormulaEnteringTextView* MyDocument::formulaTextView() const { return ui_->formulaTextView; }
 
-TXFormulaEnteringMiniModeTextField* MyDocument::miniModeformulaTextView() const {
-    return miniUi_->miniModeformulaTextView;
-}
-
-MiniModeAnswerField* MyDocument::miniModeAnswerField() const { return miniUi_->miniModeAnswerField; }
-
 TXFormulaEnteringTextView* MyDocument::activeFormulaTextView() const {
     return isSmallWindowShown_ ? miniModeformulaTextView() : formulaTextView();
 }
 
 QWidget* MyDocument::activeWindow() const {
-    return isSmallWindowShown_ ? miniWindow_.get() : static_cast<QWidget*>(documentWindow_.get());
+    return isSmallWindowShown_ ? miniWindow() : static_cast<QWidget*>(documentWindow_.get());
 }

@@ -7,6 +7,7 @@
 #include <QRect>
 #include <QTextDocumentFragment>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -221,7 +222,10 @@ public:
     void rememberLayout() const;
 
     TXWindow* documentWindow() const { return documentWindow_.get(); }
-    QWidget* miniWindow() const { return miniWindow_.get(); }
+    /// The mini window, which is made when it is asked for, like its parts below.
+    QWidget* miniWindow() const;
+    /// The full window, and the mini window once it is made.
+    QList<QWidget*> windows() const;
     /// The window in use: the full or the mini one.
     QWidget* activeWindow() const;
     TXHistoryViewerTextView* mainField() const;
@@ -286,6 +290,8 @@ signals:
     /// The other of the two windows is the one in use now.
     void miniModeChanged(bool isMini);
     void keepsMiniWindowOnTopChanged(bool isOnTop);
+    /// The mini window was made, and is ready.
+    void miniWindowLoaded(QWidget* miniWindow);
     /// A line was entered, everything was cleared, or answers are computed or written in another way.
     void sessionChanged();
     /// The history was cleared, or can no longer come back.
@@ -300,11 +306,14 @@ private:
 
     void init();
     void loadWindows();
+    void prepareEntry(TXFormulaEnteringTextView* entry, double sizeOfLiveAnswer);
+    void loadMiniWindow();
     void prepareMiniWindow();
+    void putMiniWindowOnTop();
     void prepareSidebar();
     void prepareFindBar();
-    void prepareClearHistory();
-    void prepareHelp();
+    void forgetClearedHistoryWithChangesOf(const TXFormulaEnteringTextView& entry);
+    void prepareHelp(TXFormulaEnteringTextView* entry, double sizeOfLiveAnswer);
     QString formatted(double number) const;
     void suggestVariables(QStringView beginning, int most, QList<NameSuggestion>& suggestions) const;
     void forgetClearedHistory();
@@ -322,8 +331,6 @@ private:
     void showSidebarForTheFirstTime();
     void followResizing(const QObject* watched);
     bool leaveDividerByKey(QKeyEvent* event) const;
-    void fixHeightOfMiniWindow();
-    void keepEquationsLeftToRight();
     void takeUserDefaults();
     QString variableNameOf(const TXResult& result) const;
     void copyAnswer(const TXNumberFormatterSettings& settings) const;
@@ -354,6 +361,8 @@ private:
 
     std::unique_ptr<Ui::MyDocument> ui_;
     std::unique_ptr<Ui::MiniWindow> miniUi_;
+    /// For operations that are const, too: nobody sees whether the window was there before.
+    std::function<void()> needMiniWindow_{[this] { loadMiniWindow(); }};
 
     TXEquationController documentEquationController_;
     TXNumberFormatterSettings documentNumberFormatterSettings_;

@@ -60,13 +60,10 @@ void MyDocument::scrollHistory(int pages) const {
                                                               : QScrollBar::SliderPageStepAdd);
 }
 
-void MyDocument::prepareClearHistory() {
-    for (const TXFormulaEnteringTextView* entry :
-         std::initializer_list<const TXFormulaEnteringTextView*>{formulaTextView(), miniModeformulaTextView()}) {
-        connect(entry, &QPlainTextEdit::textChanged, this, [this] {
-            if (activeFormulaTextView()->text() != lineWhenCleared_) forgetClearedHistory();
-        });
-    }
+void MyDocument::forgetClearedHistoryWithChangesOf(const TXFormulaEnteringTextView& entry) {
+    connect(&entry, &QPlainTextEdit::textChanged, this, [this] {
+        if (activeFormulaTextView()->text() != lineWhenCleared_) forgetClearedHistory();
+    });
 }
 
 void MyDocument::clearHistory() {

@@ -4,32 +4,19 @@
 
 #include "ui/document/LiveAnswer.h"
 #include "ui/document/NameSuggestions.h"
-#include "ui/document/TXFormulaEnteringMiniModeTextField.h"
 #include "ui/document/TXFormulaEnteringTextView.h"
 #include "ui/document/engineText.h"
 #include "ui/document/equationMarks.h"
 #include "ui/document/functionMeanings.h"
 
-namespace {
-
-constexpr double fullSizeOfLiveAnswer = 13.0 / 15.0;  // of the entry's points
-constexpr double miniSizeOfLiveAnswer = 1.0;
-
-}  // namespace
-
-void MyDocument::prepareHelp() {
-    entryOptions_ = EntryOptions::stored();
-    for (const auto& [entry, size] :
-         {std::pair(formulaTextView(), fullSizeOfLiveAnswer),
-          std::pair<TXFormulaEnteringTextView*, double>(miniModeformulaTextView(), miniSizeOfLiveAnswer)}) {
-        auto* live = new LiveAnswer(*entry, size);
-        connect(this, &MyDocument::sessionChanged, live, &LiveAnswer::waitForRest);
-        connect(this, &MyDocument::miniModeChanged, live, &LiveAnswer::waitForRest);
-        connect(this, &MyDocument::entryOptionsChanged, live, &LiveAnswer::waitForRest);
-        connect(this, &MyDocument::sessionChanged, entry, &TXFormulaEnteringTextView::refreshMarks);
-        connect(this, &MyDocument::entryOptionsChanged, entry, &TXFormulaEnteringTextView::refreshMarks);
-        connect(this, &MyDocument::entryOptionsChanged, entry, &TXFormulaEnteringTextView::closeSuggestions);
-    }
+void MyDocument::prepareHelp(TXFormulaEnteringTextView* entry, double sizeOfLiveAnswer) {
+    auto* live = new LiveAnswer(*entry, sizeOfLiveAnswer);
+    connect(this, &MyDocument::sessionChanged, live, &LiveAnswer::waitForRest);
+    connect(this, &MyDocument::miniModeChanged, live, &LiveAnswer::waitForRest);
+    connect(this, &MyDocument::entryOptionsChanged, live, &LiveAnswer::waitForRest);
+    connect(this, &MyDocument::sessionChanged, entry, &TXFormulaEnteringTextView::refreshMarks);
+    connect(this, &MyDocument::entryOptionsChanged, entry, &TXFormulaEnteringTextView::refreshMarks);
+    connect(this, &MyDocument::entryOptionsChanged, entry, &TXFormulaEnteringTextView::closeSuggestions);
 }
 
 void MyDocument::setEntryOptions(const EntryOptions& options) {

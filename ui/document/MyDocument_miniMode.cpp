@@ -25,6 +25,18 @@ namespace {
 constexpr auto placeKey = "miniWindowPlace";
 constexpr auto keepOnTopKey = "keepMiniWindowOnTop";
 
+constexpr double entryPointSize = 13.0;
+constexpr double labelPointSize = 11.0;
+constexpr double sizeOfLiveAnswer = 1.0;  // of the entry's points
+constexpr QColor background(0x2A, 0x2B, 0x2F);
+constexpr QColor labelColor(255, 255, 255, 178);
+constexpr float shadowOpacity = 0.6F;
+
+QFont sized(QFont font, double points) {
+    font.setPointSizeF(points);
+    return font;
+}
+
 /// A plain widget is no window for assistive technology, wherever it is.
 QAccessibleInterface* makeWindow(const QString& /*className*/, QObject* object) {
     auto* widget = qobject_cast<QWidget*>(object);
@@ -41,9 +53,66 @@ void MyDocument::prepareMiniMode() {
     // Not while the window manager's wish is still being carried out.
     connect(this, &MyDocument::zoomRequested, this, &MyDocument::leaveZoom, Qt::QueuedConnection);
     connect(ui_->miniModeButton, &QPushButton::clicked, this, &MyDocument::windowShouldZoom);
-    miniWindow()->setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(miniWindow(), &QWidget::customContextMenuRequested, this, &MyDocument::showMiniModeMenu);
     setKeepsMiniWindowOnTop(UserDefaults().interfaceBoolForKey(keepOnTopKey, false));
+}
+
+QWidget* MyDocument::miniWindow() const {
+    needMiniWindow_();
+    return miniWindow_.get();
+}
+
+TXFormulaEnteringMiniModeTextField* MyDocument::miniModeformulaTextView() const {
+    needMiniWindow_();
+    return miniUi_->miniModeformulaTextView;
+}
+
+MiniModeAnswerField* MyDocument::miniModeAnswerField() const {
+    needMiniWindow_();
+    return miniUi_->miniModeAnswerField;
+}
+
+QList<QWidget*> MyDocument::windows() const {
+    QList<QWidget*> windows{documentWindow_.get()};
+    if (miniWindow_ != nullptr) windows.append(miniWindow_.get());
+    return windows;
+}
+
+// When somebody asks for it. Most documents never need it, and the first one would be shown later for it.
+void MyDocument::loadMiniWindow() {
+    if (miniWindow_ != nullptr) return;
+    miniWindow_ = std::make_unique<QWidget>();
+    miniUi_->setupUi(miniWindow_.get());
+    miniWindow_->setWindowTitle(documentWindow_->windowTitle());
+    miniWindow_->installEventFilter(this);
+    miniWindow_->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(miniWindow_.get(), &QWidget::customContextMenuRequested, this, &MyDocument::showMiniModeMenu);
+    prepareMiniWindow();
+    prepareEntry(miniUi_->miniModeformulaTextView, sizeOfLiveAnswer);
+    // With the fonts known: only the width is the user's to change.
+    miniWindow_->setFixedHeight(std::max(miniWindow_->height(), miniUi_->miniLayout->minimumSize().height()));
+    refreshMiniModeFormatLabel();
+    putMiniWindowOnTop();
+    emit miniWindowLoaded(miniWindow_.get());
+}
+
+// It is dark on every desktop, and its equations are not mirrored on a mirrored one.
+void MyDocument::prepareMiniWindow() {
+    QPalette colors = miniWindow_->palette();
+    colors.setColor(QPalette::Window, background);
+    colors.setColor(QPalette::Base, background);
+    colors.setColor(QPalette::WindowText, Qt::white);
+    miniWindow_->setPalette(colors);
+    TXFormulaEnteringMiniModeTextField* const entry = miniUi_->miniModeformulaTextView;
+    entry->setFont(sized(documentFont_, entryPointSize));
+    entry->setTypedTextShadow({QColor::fromRgbF(0.0F, 0.0F, 0.0F, shadowOpacity), {0.0, 1.0}});
+    entry->setTextColor(Qt::white);
+    entry->setLayoutDirection(Qt::LeftToRight);
+    miniUi_->miniModeAnswerField->setFrameShadow(QFrame::Sunken);
+    miniUi_->miniModeAnswerField->setLayoutDirection(Qt::LeftToRight);
+    QPalette labelColors = colors;
+    labelColors.setColor(QPalette::WindowText, labelColor);
+    miniUi_->miniModeFormatLabel->setPalette(labelColors);
+    miniUi_->miniModeFormatLabel->setFont(sized(documentFont_, labelPointSize));
 }
 
 bool MyDocument::windowShouldZoom() {
@@ -115,16 +184,23 @@ void MyDocument::setKeepsMiniWindowOnTop(bool isOnTop) {
     if (isOnTop == keepsMiniWindowOnTop_) return;
     keepsMiniWindowOnTop_ = isOnTop;
     UserDefaults().setInterfaceValue(isOnTop, keepOnTopKey);
-    const Qt::WindowFlags flags = miniWindow()->windowFlags().setFlag(Qt::WindowStaysOnTopHint, isOnTop);
-    // On the window itself too, since a widget would be hidden when its flags change.
-    miniWindow()->overrideWindowFlags(flags);
-    if (QWindow* window = miniWindow()->windowHandle()) window->setFlags(flags);
+    putMiniWindowOnTop();
     emit keepsMiniWindowOnTopChanged(isOnTop);
+}
+
+// Or lets go of it.
+void MyDocument::putMiniWindowOnTop() {
+    if (miniWindow_ == nullptr) return;
+    const Qt::WindowFlags flags = miniWindow_->windowFlags().setFlag(Qt::WindowStaysOnTopHint, keepsMiniWindowOnTop_);
+    // On the window itself too, since a widget would be hidden when its flags change.
+    miniWindow_->overrideWindowFlags(flags);
+    if (QWindow* window = miniWindow_->windowHandle()) window->setFlags(flags);
 }
 
 bool MyDocument::canKeepMiniWindowOnTop(const QString& platform) { return canPlaceWindows(platform); }
 
 void MyDocument::refreshMiniModeFormatLabel() {
+    if (miniWindow_ == nullptr) return;
     QString text = documentEquationController_.useRadians() ? tr("rad") : tr("deg");
     if (documentNumberFormatterSettings_.formattingType() != TXFormattingType::decimal) {
         text += u' ' + formattingTypeButton()->title();

@@ -84,7 +84,7 @@ bool MyDocument::leaveDividerByKey(QKeyEvent* event) const {
 }
 
 QSize MyDocument::windowWillResize(const QWidget& /*window*/, QSize toSize) {
-    if (isSmallWindowShown_) return {toSize.width(), miniWindow_->height()};
+    if (isSmallWindowShown_) return {toSize.width(), miniWindow()->height()};
     // A sidebar that is hidden keeps the width that it will come back with.
     if (isSidebarShown()) currentWidth_ = static_cast<float>(controlledView()->width());
     secondaryCurrentWidth_ = static_cast<float>(secondaryControlledView()->height());

@@ -68,6 +68,21 @@ TEST(WindowShouldZoom, changesTheWindowAndBack) {
     EXPECT_EQ(changed.count(), 2);
 }
 
+TEST(MiniWindow, isNotMadeBeforeItIsNeeded) {
+    OpenModes open;
+    open.press(u"2+3⏎");
+    open.chooseDegrees();
+    open.document.setKeepsMiniWindowOnTop(true);
+    EXPECT_EQ(open.document.windows(), QList<QWidget*>{open.document.documentWindow()});
+    const QSignalSpy loaded(&open.document, &MyDocument::miniWindowLoaded);
+    open.zoom();
+    EXPECT_EQ(open.document.windows(), QList<QWidget*>({open.document.documentWindow(), open.document.miniWindow()}));
+    EXPECT_EQ(loaded.count(), 1);
+    EXPECT_EQ(open.answer(), "5");
+    EXPECT_EQ(open.label()->text(), "deg");
+    EXPECT_TRUE(open.document.miniWindow()->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+}
+
 TEST(WindowShouldZoom, closesNoDocument) {
     OpenModes open;
     const QSignalSpy closed(&open.document, &MyDocument::closed);
