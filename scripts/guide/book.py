@@ -19,7 +19,7 @@ ICON = pathlib.Path(__file__).resolve().parents[2] / "packaging/icons/hicolor/sc
 
 # What stays on one page: so many calculations of a session, so many rows of a table.
 LONGEST_UNDIVIDED = 4
-LONGEST_UNDIVIDED_TABLE = 10
+LONGEST_UNDIVIDED_TABLE = 11
 
 KEY = re.compile(r"Alt|(?:(?:Ctrl|Alt|Shift)\+)*(?:F\d+|Return|Esc|Tab|Up|Down|End|PgUp|PgDown|(?<=\+).|(?<=\+)(?:Ins|Del|Up|Down))")
 TITLE = "Tallix User Guide"
