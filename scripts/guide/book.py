@@ -73,8 +73,8 @@ def session(block, options):
 def setting_of(option):
     """An option of a session in the words of the window."""
     name, _, value = option.partition("=")
-    words = {"degrees": "Degrees", "format": value.capitalize(), "figures": f"{value} Significant Figures",
-             "places": f"{value} Decimal Places", "thousands": f"Thousands Separators: {value}"}
+    words = {"degrees": "Degrees", "no-zeros": "No Zeros After Digits", "format": value.capitalize(),
+             "figures": f"{value} Significant Figures", "places": f"{value} Decimal Places", "thousands": f"Thousands Separators: {value}"}
     return words[name]
 
 
