@@ -215,11 +215,12 @@ class Completeness(unittest.TestCase):
                 if titles[0] == "Option" for row in rows]
         self.assertEqual(told, options)
 
-    def test_links_and_pictures_are_there(self):
-        for file, text in TEXTS.items():
-            for target in re.findall(r"\]\(([^)\s#]+)", text):
-                with self.subTest(file=file, target=target):
-                    self.assertTrue((ROOT / "docs" / "guide" / target).is_file())
+    def test_every_setting_is_told(self):
+        page = (ROOT / "app" / "Preferences.ui").read_text(encoding="utf-8")
+        labels = re.findall(r'class="(?:QLabel|QCheckBox)" name="(?!\w+Heading").*?<string>(.*?)</string>', page, re.DOTALL)
+        settings = [label.replace("&amp;", "").rstrip(":") for label in labels]
+        told = [row[0] for titles, rows in examples.tables_of(chapter("preferences")) for row in rows]
+        self.assertEqual(told, settings)
 
     def test_chapters_are_numbered_without_a_gap(self):
         self.assertEqual([int(file.split("-")[0]) for file in TEXTS], list(range(1, len(TEXTS) + 1)))
