@@ -110,7 +110,8 @@ def sources():
 
 @functools.cache
 def file_names():
-    return {path.name for path in ROOT.rglob("*") if path.is_file() and "build" not in path.relative_to(ROOT).parts[:1]}
+    folders = [path for path in ROOT.iterdir() if path.is_dir() and path.name not in ("build", ".git")]
+    return {path.name for folder in [ROOT, *folders] for path in (folder.glob("*") if folder == ROOT else folder.rglob("*"))}
 
 
 def names_in(paper):
