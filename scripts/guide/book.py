@@ -12,7 +12,7 @@ import weasyprint
 from guide.examples import FENCE, lines_of
 
 # A pixel of the screen on paper. Pictures taken at scale 2 have "-2x" in their names.
-MILLIMETRES_PER_PIXEL = 0.14
+MILLIMETRES_PER_PIXEL = 0.13
 
 # What the title page shows: the program's own icon.
 ICON = pathlib.Path(__file__).resolve().parents[2] / "packaging/icons/hicolor/scalable/apps/org.tallix.tallix.svg"
