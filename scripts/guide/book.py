@@ -12,11 +12,14 @@ import weasyprint
 from guide.examples import FENCE, lines_of
 
 # A pixel of the screen on paper. Pictures taken at scale 2 have "-2x" in their names.
-MILLIMETRES_PER_PIXEL = 0.14
+MILLIMETRES_PER_PIXEL = 0.13
+
+# What the title page shows: the program's own icon.
+ICON = pathlib.Path(__file__).resolve().parents[2] / "packaging/icons/hicolor/scalable/apps/org.tallix.tallix.svg"
 
 # What stays on one page: so many calculations of a session, so many rows of a table.
 LONGEST_UNDIVIDED = 4
-LONGEST_UNDIVIDED_TABLE = 12
+LONGEST_UNDIVIDED_TABLE = 11
 
 KEY = re.compile(r"Alt|(?:(?:Ctrl|Alt|Shift)\+)*(?:F\d+|Return|Esc|Tab|Up|Down|End|PgUp|PgDown|(?<=\+).|(?<=\+)(?:Ins|Del|Up|Down))")
 TITLE = "Tallix User Guide"
@@ -70,8 +73,8 @@ def session(block, options):
 def setting_of(option):
     """An option of a session in the words of the window."""
     name, _, value = option.partition("=")
-    words = {"degrees": "Degrees", "format": value.capitalize(), "figures": f"{value} Significant Figures",
-             "places": f"{value} Decimal Places", "thousands": f"Thousands Separators: {value}"}
+    words = {"degrees": "Degrees", "no-zeros": "No Zeros After Digits", "format": value.capitalize(),
+             "figures": f"{value} Significant Figures", "places": f"{value} Decimal Places", "thousands": f"Thousands Separators: {value}"}
     return words[name]
 
 
@@ -153,12 +156,12 @@ def page_of(folder, version):
     """The whole guide as one HTML text."""
     chapters = [Chapter(path) for path in sorted(folder.glob("[0-9]*.md"))]
     body = "".join(f'<section class="{chapter.name}">{chapter.html}</section>' for chapter in chapters)
-    emblem = (folder / "emblem.svg").read_text(encoding="utf-8")
+    icon = ICON.read_text(encoding="utf-8")
     return f"""<!DOCTYPE html>
 <html lang="en-GB"><head><meta charset="utf-8"><title>{TITLE}</title>
 <meta name="author" content="Tallix"><meta name="description" content="{SUBJECT}">
 <meta name="keywords" content="calculator, equations, variables, manual"></head><body>
-<div class="title">{emblem}<p class="name">Tallix</p><p class="kind">User Guide</p>
+<div class="title">{icon}<p class="name">Tallix</p><p class="kind">User Guide</p>
 <p class="version">Version {html.escape(version)}</p></div>
 {contents_of(chapters)}
 {body}</body></html>"""

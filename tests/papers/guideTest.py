@@ -95,7 +95,40 @@ def messages():
 
 def pattern_of(message):
     """What a message looks like with something in place of each of its gaps."""
-    return "`(?:Error: )?" + re.sub("%[@C]", "[^`]+?", re.escape(message)) + "`"
+    return "`(?:Error: )?" + re.sub("%[@C1]", "[^`]+?", re.escape(message)) + "`"
+
+
+def texts_in(source):
+    """The texts of a C++ source, each as one even where it is written in parts."""
+    for found in re.findall(r'(?<![R\w])((?:"(?:[^"\\\n]|\\.)*"\s*)+)', source):
+        yield "".join(re.findall(r'"((?:[^"\\\n]|\\.)*)"', found)).replace(r"\"", '"')
+
+
+def window_messages():
+    """What the window says in alerts and while searching, a paragraph each. The About box is none."""
+    found = set()
+    for path in [*(ROOT / "ui").rglob("*.cpp"), *(ROOT / "app").rglob("*.cpp")]:
+        source = path.read_text(encoding="utf-8").partition("void showAbout(")[0]
+        sentences = [text for text in texts_in(source) if re.match(r"[A-Z].* .*[.?]$", text)]
+        sentences += re.findall(r'showStatus\([^;]*?tr\("([^"]*)"', source)
+        sentences += re.findall(r'showStatus\([^;]*? : tr\("([^"]*)"', source)
+        found |= {paragraph for sentence in sentences for paragraph in sentence.split(r"\n\n")}
+    return found
+
+
+def program_messages():
+    """The parts of what the programs complain of that stand in their sources."""
+    found = set()
+    for name in ("terminal/Options.cpp", "terminal/Program.cpp", "app/LaunchOptions.cpp"):
+        source = (ROOT / name).read_text(encoding="utf-8")
+        texts = texts_in(re.sub(r'R"\(.*?\)"', "", source, flags=re.DOTALL))
+        found |= {text for text in texts if re.search(r"\w\w+ \w\w+", text) and "--help" not in text}
+    return found
+
+
+WRONG_CALLS = (["--hlep"], ["--format", "roman", "1"], ["--format=", "1"], ["--significant-figures", "0", "1"],
+               ["--decimal-places", "eleven", "1"], ["--thousands", ".", "1"], ["--degrees=1", "1"], ["--format"],
+               ["--decimal-places", "2", "--significant-figures", "2", "1"])
 
 
 class Completeness(unittest.TestCase):
@@ -112,9 +145,57 @@ class Completeness(unittest.TestCase):
         known = [re.compile(pattern_of(message)) for message in messages().values()]
         for titles, rows in examples.tables_of(chapter("error-messages")):
             column = titles.index("Error" if "Error" in titles else "Message")
+            if titles == ["Message", "What to do"]:
+                continue  # what the window and the programs say
             for row in rows:
                 with self.subTest(row[column]):
                     self.assertTrue(any(pattern.fullmatch(row[column]) for pattern in known))
+
+    def test_every_message_of_the_window_is_explained(self):
+        self.assertGreater(len(window_messages()), 10)
+        told = self.told_outside_of_equations()
+        for message in window_messages():
+            pattern = re.compile(pattern_of(message))
+            is_quoted = f'"{message}"' in " ".join(chapter("printing-and-keeping").split())
+            with self.subTest(message):
+                self.assertTrue(is_quoted or any(pattern.fullmatch(f"`{text}`") for text in told))
+
+    def test_every_complaint_of_the_programs_is_explained(self):
+        self.assertGreater(len(program_messages()), 8)
+        for part in program_messages():
+            with self.subTest(part):
+                self.assertTrue(any(part.strip() in text for text in self.told_outside_of_equations()))
+
+    def test_every_message_of_window_and_programs_that_is_explained_is_one(self):
+        said = [re.compile(pattern_of(message)) for message in window_messages()]
+        parts = program_messages() | set(map(self.complaint_about, WRONG_CALLS))
+        for text in self.told_outside_of_equations():
+            with self.subTest(text):
+                is_of_window = any(pattern.fullmatch(f"`{text}`") for pattern in said)
+                self.assertTrue(is_of_window or any(self.has_form(text, part) for part in parts))
+
+    def test_every_wrong_call_is_answered_as_told(self):
+        for call in WRONG_CALLS:
+            complaint = self.complaint_about(call)
+            with self.subTest(complaint):
+                self.assertTrue(any(self.has_form(text, complaint) for text in self.told_outside_of_equations()))
+
+    @staticmethod
+    def told_outside_of_equations():
+        """The messages of window and programs that the chapter explains."""
+        return [text for titles, rows in examples.tables_of(chapter("error-messages")) if titles == ["Message", "What to do"]
+                for row in rows for text in re.findall("`([^`]+)`", row[0])]
+
+    @staticmethod
+    def complaint_about(call):
+        run = subprocess.run([PROGRAM, *call], capture_output=True, text=True, check=False)
+        assert run.returncode == 2, call
+        return run.stderr.splitlines()[0].removeprefix("tallix-cli: ")
+
+    @staticmethod
+    def has_form(text, message):
+        """Whether a message of the guide, which has dots in its gaps, is this one or begins with it."""
+        return text.startswith(message) or re.fullmatch(re.escape(text).replace("…", ".+"), message) is not None
 
     def test_every_function_is_in_the_table(self):
         table = next(rows for titles, rows in examples.tables_of(chapter("functions")) if titles[0] == "Function")
@@ -134,11 +215,12 @@ class Completeness(unittest.TestCase):
                 if titles[0] == "Option" for row in rows]
         self.assertEqual(told, options)
 
-    def test_links_and_pictures_are_there(self):
-        for file, text in TEXTS.items():
-            for target in re.findall(r"\]\(([^)\s#]+)", text):
-                with self.subTest(file=file, target=target):
-                    self.assertTrue((ROOT / "docs" / "guide" / target).is_file())
+    def test_every_setting_is_told(self):
+        page = (ROOT / "app" / "Preferences.ui").read_text(encoding="utf-8")
+        labels = re.findall(r'class="(?:QLabel|QCheckBox)" name="(?!\w+Heading").*?<string>(.*?)</string>', page, re.DOTALL)
+        settings = [label.replace("&amp;", "").rstrip(":") for label in labels]
+        told = [row[0] for titles, rows in examples.tables_of(chapter("preferences")) for row in rows]
+        self.assertEqual(told, settings)
 
     def test_chapters_are_numbered_without_a_gap(self):
         self.assertEqual([int(file.split("-")[0]) for file in TEXTS], list(range(1, len(TEXTS) + 1)))
