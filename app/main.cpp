@@ -1,10 +1,12 @@
 #include <QApplication>
 #include <QLocale>
 #include <cstdio>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "app/Application.h"
+#include "app/DisplayGuard.h"
 #include "app/LaunchOptions.h"
 #include "app/StartChannel.h"
 
@@ -48,7 +50,9 @@ int runApplication(const LaunchOptions& options, char* programName) {
     StartChannel channel(options.isNewProcess ? QString() : StartChannel::placeInEnvironment());
     if (isHandedOver(channel, programName)) return exitStatus::success;
     ToolkitArguments arguments(programName);
+    std::optional<DisplayGuard> guard(std::in_place);
     const QApplication toolkit(arguments.count, static_cast<char**>(arguments.values));
+    guard.reset();
     QGuiApplication::setLayoutDirection(QLocale::system().textDirection());
     Application application;
     application.listen(channel);
