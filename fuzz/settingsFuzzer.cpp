@@ -74,7 +74,7 @@ QMap<QString, QString> storedValues() {
     for (const char* key : interfaceKeys) {
         const QVariant value = defaults.interfaceValueForKey(key);
         const QRect place = value.toRect();
-        values[key] = QStringLiteral("%1 %2 %3 %4").arg(place.x()).arg(place.y()).arg(place.width()).arg(place.height());
+        values[key] = QStringLiteral("%1 %2 %3 %4").arg(place.x()).arg(place.y()).arg(place.right()).arg(place.bottom());
         values[key] += value.toString() + QString::number(defaults.interfaceBoolForKey(key, true) ? 1 : 0);
     }
     return values;
