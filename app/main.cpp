@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "app/Application.h"
+#include "app/DisplayGuard.h"
 #include "app/FontReading.h"
 #include "app/LaunchOptions.h"
 #include "app/StartChannel.h"
@@ -44,7 +45,9 @@ int runApplication(const LaunchOptions& options, char* programName) {
     if (channel.handOver(qgetenv("XDG_ACTIVATION_TOKEN"))) return exitStatus::success;
     auto fonts = std::make_optional<FontReading>();
     ToolkitArguments arguments(programName);
+    std::optional<DisplayGuard> guard(std::in_place);
     const QApplication toolkit(arguments.count, static_cast<char**>(arguments.values));
+    guard.reset();
     QGuiApplication::setLayoutDirection(QLocale::system().textDirection());
     Application application;
     application.listen(channel);

@@ -1,5 +1,7 @@
 #include "ui/UserDefaults.h"
 
+#include <QDateTime>
+#include <QFile>
 #include <QFileInfo>
 
 #include "ui/SilencedMessages.h"
@@ -28,6 +30,15 @@ QString storePath() {
     return store.exists() && !store.isFile() && !store.isDir() ? path + "/none" : path;
 }
 
+/// A program that is killed while it stores something may leave a lock that does not tell whose it is, and for which Qt
+/// would wait half a minute. Who holds one says so at once.
+void removeNamelessLock(const QString& path) {
+    constexpr qint64 longEnough = 100;  // ms
+    const QFileInfo lock(path + ".lock");
+    if (!lock.isFile() || lock.size() > 0) return;
+    if (qAbs(lock.lastModified().msecsTo(QDateTime::currentDateTime())) > longEnough) QFile::remove(lock.filePath());
+}
+
 QString interfaceKey(const QString& key) { return "interface/" + key; }
 
 bool booleanOf(const QVariant& value, bool fallback) {
@@ -41,7 +52,9 @@ bool booleanOf(const QVariant& value, bool fallback) {
 
 // By its path, since what is stored for all users or for all programs of the organisation is none of this user's
 // choices.
-UserDefaults::UserDefaults() : settings_(storePath(), QSettings::NativeFormat) {}
+UserDefaults::UserDefaults() : settings_(storePath(), QSettings::NativeFormat) {
+    removeNamelessLock(settings_.fileName());
+}
 
 int UserDefaults::integerForKey(const char* key) const {
     const QVariant value = valueForKey(key);

@@ -165,6 +165,10 @@ class Desktop:
     def active_title(self):
         return self._output("xdotool", "getactivewindow", "getwindowname").strip()
 
+    def front_process(self):
+        """The number of the process whose window has the keyboard; 0 where there is none."""
+        return int(self._output("xdotool", "getactivewindow", "getwindowpid").strip() or 0)
+
     def windows(self, title):
         """The ids of the visible windows whose title begins so."""
         return self._output("xdotool", "search", "--onlyvisible", "--name", "^" + title).split()
@@ -345,6 +349,8 @@ class Portal:
 class Program:
     """A program on a desktop, from its start to its end."""
 
+    OPTIONS = {}  # More of what subprocess.Popen takes.
+
     def __init__(self, desktop, command):
         self.desktop = desktop
         self.command = command
@@ -352,7 +358,7 @@ class Program:
     def __enter__(self):
         self.errors = open(self.desktop.home / "program.err", "w+")
         self.process = subprocess.Popen(self.command, env=self.desktop.environment, stdin=subprocess.DEVNULL,
-                                        stdout=self.errors, stderr=self.errors)
+                                        stdout=self.errors, stderr=self.errors, **self.OPTIONS)
         self.desktop.programs.append(self)
         return self
 

@@ -2,6 +2,8 @@
 
 #include "ui/UserDefaults.h"
 
+#include <QDateTime>
+#include <QDeadlineTimer>
 #include <algorithm>
 #include <ostream>
 
@@ -177,6 +179,41 @@ TEST(UserDefaults, leavesWhatIsNoFileInItsPlace) {
     EXPECT_TRUE(QFileInfo(settings.filePath()).exists());
     EXPECT_FALSE(QFileInfo(settings.filePath()).isFile());
     close(descriptor);
+}
+
+/// The lock of a program that was killed before it wrote its number into it, made so long ago.
+void leaveNamelessLock(const SettingsFolder& settings, int secondsAgo) {
+    QFile lock(settings.filePath() + ".lock");
+    ASSERT_TRUE(lock.open(QIODevice::WriteOnly));
+    ASSERT_TRUE(lock.setFileTime(QDateTime::currentDateTime().addSecs(-secondsAgo), QFileDevice::FileModificationTime));
+}
+
+TEST(UserDefaults, doesNotWaitForAProgramThatWasKilled) {
+    const SettingsFolder settings;
+    leaveNamelessLock(settings, 1);
+    const QDeadlineTimer soon(5000);
+    UserDefaults().setString("E", text);
+    EXPECT_FALSE(soon.hasExpired());
+    EXPECT_EQ(settings.text(), "[General]\nTXExponentsCharacter=E\n");
+}
+
+TEST(UserDefaults, removesALockOfAnotherTime) {
+    const SettingsFolder settings;
+    leaveNamelessLock(settings, -3600);  // The clock was put back since.
+    UserDefaults();
+    EXPECT_FALSE(QFile::exists(settings.filePath() + ".lock"));
+}
+
+// Whoever made it may be about to tell its number. A busy machine may take longer than it is given.
+TEST(UserDefaults, leavesALockThatWasJustMade) {
+    const SettingsFolder settings;
+    bool isLeft = false;
+    for (int attempt = 0; attempt < 20 && !isLeft; ++attempt) {
+        leaveNamelessLock(settings, 0);
+        UserDefaults();
+        isLeft = QFile::exists(settings.filePath() + ".lock");
+    }
+    EXPECT_TRUE(isLeft);
 }
 
 TEST(UserDefaults, doesNotLookIntoTheFileOfAllProgramsOfTheOrganisation) {

@@ -98,6 +98,8 @@ public:
     bool hasLastAnswer() const;
     /// Types "±" into the active entry, which then has the focus.
     void insertPlusMinus() const;
+    /// Says that a text of so many characters is too long for the line. A part of it could be another equation.
+    void refuseTooLongText(qsizetype length) const;
     /// Gives a key that was pressed elsewhere in the window to the active entry, with the focus, if it types something.
     /// Or else gives false.
     bool typeIntoEntry(QKeyEvent* event) const;

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QLocale>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPrintDialog>
@@ -69,6 +70,14 @@ void MyDocument::openDocument() { showSorry(openingMessage); }
 void MyDocument::showSorry(const QString& message) {
     beep();
     showAlert(activeWindow(), QMessageBox::Information, QStringLiteral("Sorry"), message);
+}
+
+void MyDocument::refuseTooLongText(qsizetype length) const {
+    beep();
+    const QLocale locale;
+    showAlert(activeWindow(), QMessageBox::Warning, tr("The text is too long for the line."),
+              tr("It has %1 characters, and a line takes %2 at most.")
+                  .arg(locale.toString(length), locale.toString(TXFormulaEnteringTextView::longestLine)));
 }
 
 void MyDocument::printDocument() const {

@@ -156,9 +156,15 @@ QString TXFormulaEnteringTextView::asOneLine(const QString& text) {
 // One drop, paste or middle click: the editor sends them all here, once it has put the caret in its place.
 void TXFormulaEnteringTextView::insertFromMimeData(const QMimeData* source) {
     if (!canInsertFromMimeData(source)) return;
-    const QString line = asOneLine(source->text());
-    if (line.isEmpty()) return;
+    const QString pasted = source->text();
     QTextCursor cursor = textCursor();
+    const qsizetype rest = document()->characterCount() - 1 - (cursor.selectionEnd() - cursor.selectionStart());
+    if (pasted.size() > longestLine - rest) {
+        parentDocument_->refuseTooLongText(pasted.size());
+        return;
+    }
+    const QString line = asOneLine(pasted);
+    if (line.isEmpty()) return;
     insertInOneStep(cursor, line);
     setTextCursor(cursor);
     setFocus();  // What was dropped is typed on.

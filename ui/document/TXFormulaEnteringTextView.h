@@ -59,6 +59,9 @@ public:
     /// A text made fit for one line: trimmed, with a blank for each run of line ends. Text without line ends stays as
     /// it is.
     static QString asOneLine(const QString& text);
+    /// So many characters does the line take at most from what is pasted or dropped. A hundred times as many would need
+    /// all of a machine's memory to be laid out.
+    static constexpr qsizetype longestLine = 1'000'000;
 
     // TXFormulaEnteringTextView_help.cpp: marks in the line, and names that could be meant. Neither moves the caret.
     /// Marks what stands in the line: each ")" without a "(", and where the user wants it, numbers and names.

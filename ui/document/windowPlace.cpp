@@ -39,5 +39,6 @@ QSize fittedToScreen(const QSize& size, int titleBarHeight) {
 bool canPlaceWindows(const QString& platform) { return !platform.startsWith(u"wayland"); }
 
 QRect placeToStore(const QRect& place, const QRect& stored, const QString& platform) {
-    return canPlaceWindows(platform) ? place : QRect(stored.topLeft(), place.size());
+    if (canPlaceWindows(platform)) return place;
+    return {isNear(stored) ? stored.topLeft() : QPoint(), place.size()};
 }

@@ -213,6 +213,8 @@ TEST(WindowPlaces, areStoredWhereTheyAreKnown) {
     const QRect before(70, 80, 760, 500);
     EXPECT_EQ(placeToStore(now, before, "xcb"), now);
     EXPECT_EQ(placeToStore(now, before, "wayland"), QRect(70, 80, 500, 300));
+    const int end = std::numeric_limits<int>::max();
+    EXPECT_EQ(placeToStore(now, QRect(QPoint(end, 0), QPoint(end, 9)), "wayland"), QRect(0, 0, 500, 300));
 }
 
 TEST(WindowPlaces, leaveRoomForTheTitle) {

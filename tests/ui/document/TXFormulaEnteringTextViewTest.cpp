@@ -4,6 +4,7 @@
 #include <QDropEvent>
 #include <QInputMethodEvent>
 #include <QMenu>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QScrollBar>
 
@@ -455,6 +456,34 @@ INSTANTIATE_TEST_SUITE_P(Texts, EntryPaste, testing::Values(
     PasteCase{"Tab",                 u"",      "1\t2",               "1\t2"}
 ), RowName());
 // clang-format on
+
+constexpr qsizetype longestLine = TXFormulaEnteringTextView::longestLine;
+
+TEST(EntryPasted, mayBeAsLongAsALine) {
+    const OpenDocument open;
+    open.press(u"12");
+    QGuiApplication::clipboard()->setText(QString(longestLine - 2, u'3'));
+    open.entry()->paste();
+    EXPECT_EQ(open.line().size(), longestLine);
+    EXPECT_EQ(open.beeps.count(), 0);
+    open.entry()->selectWholeText();
+    open.entry()->paste();
+    EXPECT_EQ(open.line().size(), longestLine - 2) << "what is replaced makes room";
+}
+
+// A part of it could be another equation.
+TEST(EntryPasted, isRefusedWhenItIsLonger) {
+    const OpenDocument open;
+    open.press(u"12");
+    QGuiApplication::clipboard()->setText(QString(longestLine - 1, u'\n'));
+    open.entry()->paste();
+    EXPECT_EQ(open.line(), "12");
+    EXPECT_EQ(open.beeps.count(), 1);
+    const auto* alert = open.document.documentWindow()->findChild<QMessageBox*>();
+    ASSERT_NE(alert, nullptr);
+    EXPECT_EQ(alert->text(), "The text is too long for the line.");
+    EXPECT_EQ(alert->informativeText(), "It has 999,999 characters, and a line takes 1,000,000 at most.");
+}
 
 TEST(EntryPasted, isUndoneInOneStep) {
     const OpenDocument open;
