@@ -4,7 +4,8 @@
 
 #include "tests/support/OwnFolders.h"
 
-// The tests of windows share one application, in the C locale. Its settings and sockets live in folders that go with it.
+// The tests of windows share one application, in the C locale. Its settings and sockets live in folders that go with
+// it.
 int main(int argc, char** argv) {
     const OwnFolders folders;
     qputenv("DBUS_SESSION_BUS_ADDRESS", "none:");  // Not the user's desktop, with its colours.
