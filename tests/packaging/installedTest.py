@@ -128,10 +128,16 @@ class Icons(unittest.TestCase):
         run(ROOT / "scripts/icons", FOLDER / "made")
         for size in PNG_SIZES:
             name = f"{size}x{size}/apps/{ID}.png"
-            difference = subprocess.run(["compare", "-metric", "AE", "-fuzz", "2%", FOLDER / "made" / name,
-                                         PREFIX / "share/icons/hicolor" / name, "null:"], capture_output=True, text=True,
-                                        check=False)
-            self.assertEqual((difference.returncode, difference.stderr), (0, "0"), name)
+            self.assert_look_alike(FOLDER / "made" / name, PREFIX / "share/icons/hicolor" / name)
+
+    def test_are_those_that_were_looked_at(self):
+        run(ROOT / "scripts/icons", "--sheet", FOLDER / "sheet.png")
+        self.assert_look_alike(FOLDER / "sheet.png", ROOT / "docs/screenshots/icons.png")
+
+    def assert_look_alike(self, first, second):
+        difference = subprocess.run(["compare", "-metric", "AE", "-fuzz", "2%", first, second, "null:"], capture_output=True,
+                                    text=True, check=False)
+        self.assertEqual((difference.returncode, difference.stderr), (0, "0"), second.name)
 
 
 class ManualPages(unittest.TestCase):
