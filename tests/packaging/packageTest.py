@@ -252,6 +252,11 @@ class System(unittest.TestCase):
         guide = (self.system.root / registered).resolve()
         self.assertEqual(guide, share.resolve() / "tallix" / pathlib.Path(GUIDE).name)
         self.assertEqual((self.system.root / "usr" / GUIDE).resolve(), guide)
+        licences = " ".join((share / "doc/tallix/copyright").read_text().split())
+        fonts = re.findall(r"(?m)^[A-Z]{6}\+(\S+)", run("pdffonts", guide))
+        self.assertGreater(len(fonts), 3)
+        for font in fonts:
+            self.assertIn(re.sub("(-(Semi|Bold|Italic))+$", "", font).replace("-", " "), licences)
 
     def check_window(self):
         desktop = self.enterContext(Desktop())
