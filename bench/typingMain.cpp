@@ -159,8 +159,11 @@ int main(int argc, char** argv) {
         std::fputs("Usage: tallix-bench-typing COUNT KEYS\n", stderr);
         return 2;
     }
+    // Not the user's own.
     const QTemporaryDir settings;
-    qputenv("XDG_CONFIG_HOME", settings.path().toLocal8Bit());  // not the user's own
+    const QTemporaryDir runtime;
+    qputenv("XDG_CONFIG_HOME", settings.path().toLocal8Bit());
+    qputenv("XDG_RUNTIME_DIR", runtime.path().toLocal8Bit());
     const QApplication application(argc, argv);
     if (measure(count, keys)) return 0;
     std::fputs("tallix-bench-typing: a line had no answer or no suggestions\n", stderr);

@@ -16,20 +16,26 @@ public:
     /// Loaded numbers fill less than a block. Digits are moved about by whole blocks where that is enough: a length
     /// known beforehand makes it one move of a register.
     static constexpr int blockSize = 16;
+    /// What is moved at once.
     using Block = std::array<std::uint8_t, blockSize>;
 
     DigitList() = default;
+    /// A list of the same digits.
     DigitList(const DigitList& other) { *this = other; }
+    /// Takes the digits of the other list.
     DigitList& operator=(const DigitList& other);
     ~DigitList() = default;
 
     int count() const { return count_; }
+    /// The digit at `position`, from 0 and below `count()`, to be read or replaced.
     std::uint8_t& operator[](int position) { return digits_[at(position)]; }
+    /// The digit at `position`, from 0 and below `count()`.
     std::uint8_t operator[](int position) const { return digits_[at(position)]; }
     /// From any digit on a whole block may be read; what lies behind the end is of no account.
     const std::uint8_t* begin() const { return digits_.data(); }
     const std::uint8_t* end() const { return digits_.data() + count_; }
 
+    /// Leaves no digit.
     void clear() { count_ = 0; }
     /// Adds the first `count` digits of `digits` to the end of a list that has room for all of them.
     template <std::size_t size>
@@ -40,7 +46,10 @@ public:
     void removeZerosFromEnd();
     /// Makes `digit` the only one.
     void setTo(std::uint8_t digit);
+    /// Adds `zeros` zeros behind the last digit, none if it is negative, as far as the capacity goes.
     void addZerosToEnd(int zeros);
+    /// Puts `zeros` zeros before the first digit, none if it is negative. What comes to lie beyond the capacity is
+    /// dropped.
     void addZerosToBeginning(int zeros);
 
 private:

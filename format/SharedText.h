@@ -12,8 +12,11 @@
 /// SharedText lives; a setting has few of them.
 class SharedText {
 public:
+    /// Begins with its own copy of `text`.
     explicit SharedText(std::u16string_view text);
+    /// Begins with the text that the other has now. What is set later is each one's own.
     SharedText(const SharedText& other) : SharedText(other.text()) {}
+    /// Sets the text that the other has now.
     SharedText& operator=(const SharedText& other);
     ~SharedText() = default;
 

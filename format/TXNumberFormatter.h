@@ -65,6 +65,7 @@ public:
     /// Rounds the master digits before a run of nines, or cuts them before a run of zeros, that binary rounding left:
     /// six or more after the point, with at most three other digits behind. The working digits become the same.
     void eliminateDoublePrecisionNoise();
+    /// Makes the master digits, with their decimal location and exponent, the working ones again.
     void copyMasterNumberIntoRoundingNumber();
     /// Cuts the working digits to `length`, rounding half up on the first one dropped. Cut to 0, they become a 1 in the
     /// place before, or a 0; cut to less, a 0.

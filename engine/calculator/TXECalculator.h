@@ -31,8 +31,13 @@ public:
     // The steps of evaluating, public so that each can be tested by itself. They work on the equation evaluated last,
     // which must still be there; without one they do nothing.
 
+    /// Lays out the blocks of the side, each variable's value in place of its number. Variables without a value are
+    /// reported, all in one message.
     void prepareForCalculation();
+    /// Reduces the lists, from the last to list 0, whose value is the answer. Stops at the first list with an error.
     void calculateEquation();
+    /// Computes the function calls of one list, whose arguments must be numbers already. Does nothing where there is no
+    /// such list.
     void calculateFunctionsInBlock(std::int32_t list);
     /// One list: powers before products and quotients before sums and differences. Its value goes into the list's
     /// place.
@@ -53,6 +58,7 @@ public:
 
     /// Reports that these variables, in ascending order, have no value. -2 is the undefined value, called nil.
     void createUndefinedVariableErrorMessage(const std::vector<std::int32_t>& variables);
+    /// Makes the message that of the equation being evaluated, in place of an earlier one.
     void setErrorMessage(std::u16string message);
 
 protected:

@@ -14,6 +14,7 @@ public:
 
     TXEquationController& equationController() const { return *equationController_; }
 
+    /// What the operation, one of + - * / ^, would make of two matrices: always nothing.
     std::optional<TXMatrix> calculateOperation(char16_t operation, const TXMatrix& withFirstMatrix,
                                                const TXMatrix& andSecondMatrix) const;
 

@@ -16,10 +16,12 @@ public:
 
     /// The value stored under `key`, or nullptr. The pointer is good until the next `set`.
     const Value* find(std::u16string_view key) const { return find(key, TXNameIndex::hash(key)); }
+    /// The same, for who knows the hash that `TXNameIndex::hash` gives for the key.
     const Value* find(std::u16string_view key, std::uint32_t keyHash) const {
         const std::int32_t position = indexOf(key, keyHash);
         return position == TXNameIndex::none ? nullptr : &entries_[static_cast<std::size_t>(position)].second;
     }
+    /// Whether a value is stored under `key`.
     bool contains(std::u16string_view key) const { return find(key) != nullptr; }
 
     /// Stores `value` under `key`, in place of what was there.

@@ -107,7 +107,9 @@ public:
     bool allowsMultipleEquationsOnSameLine() const { return allowsMultipleEquationsOnSameLine_; }
     void setAllowsMultipleEquationsOnSameLine(bool allows) { allowsMultipleEquationsOnSameLine_ = allows; }
 
+    /// The session's parser.
     TXEHasher& equationHasher() { return equationHasher_; }
+    /// The session's evaluator.
     TXECalculator& equationCalculator() { return equationCalculator_; }
 
     /// Where texts and block lists of the session's equations lie. It only grows, until `clearAll` gives all of it
@@ -115,8 +117,11 @@ public:
     std::pmr::memory_resource* memory() { return &memory_; }
 
     // The steps of construction.
+    /// Makes the session a new one: cleared, its settings those of the start.
     void setInitialValues();
+    /// Fills the list and the dictionary of the built-in functions anew.
     void createFunctionDictionary();
+    /// Fills the dictionary of the words that are no variable names anew.
     void createReservedKeywordsDictionary();
 
 private:

@@ -44,6 +44,7 @@ public:
     }
 
     std::int32_t size() const { return static_cast<std::int32_t>(info_.size()); }
+    /// Whether there is a list of this index; any number may be asked.
     bool holds(std::int32_t list) const { return list >= 0 && static_cast<std::size_t>(list) < info_.size(); }
     /// The number of blocks in a list, 0 where there is no such list.
     std::int32_t count(std::int32_t list) const {

@@ -41,7 +41,9 @@ public:
     void parseNumber();
     /// The value of digits without their prefix; 0 and a message when one is no digit of the base.
     double doubleFromBinary(std::u16string_view digits);
+    /// The same for octal digits.
     double doubleFromOctal(std::u16string_view digits);
+    /// The same for hexadecimal digits, of which letters may be upper or lower case.
     double doubleFromHex(std::u16string_view digits);
 
     // TXEHasher_operators.cpp: runs of operators and signs, finished blocks
@@ -51,7 +53,9 @@ public:
     /// Reads a run of "+", "-" and blanks. `parseNegativeNumber` tells whether it is negative: an odd number of "-".
     void parseNegativeSign();
     bool parseNegativeNumber() const { return parseNegativeNumber_; }
+    /// Puts the operator in front of the operand to come.
     void addOperatorToStack(char16_t blockOperator) { workingTXBlock().setBlockOperator(blockOperator); }
+    /// Adds a literal, without its sign, as a number block.
     void addNumberToStack(double number) {
         workingTXBlock().setNumber(number);
         addWorkingBlockToStack();
@@ -71,13 +75,18 @@ public:
     void setCurrentBlockPointer(std::int32_t blockList);
     /// Makes the working block a call of this function, appends it, and lets the next group be its argument.
     void setBlockFunction(std::int32_t functionIndex);
+    /// Opens a list one level deeper: the argument of the function that waits for it, or else a group.
     void incrementBlockIndent();
+    /// Closes the list and goes on in the one around it. Where there is none, the equation is refused as unbalanced.
     void decrementBlockIndent();
     /// The openers of further arguments, of matrices and of their elements. The scan does not reach them: commas and
     /// square brackets are refused.
     void incrementFunctionArgument();
+    /// Adds a matrix block and opens its first element.
     void parseMatrix();
+    /// Goes on to the matrix's next element; does nothing outside of one.
     void incrementMatrixElement();
+    /// Goes on to the first element of the matrix's next row; does nothing outside of one.
     void incrementMatrixRow();
 
     // TXEHasher_names.cpp: functions, variables, ans
@@ -116,27 +125,41 @@ protected:
     // The steps of `hashEquation`. The controller resets the parser, too, when equations
     // go.
     friend class TXEquationController;
+    /// Forgets the equation.
     void reset();
+    /// Begins the lists of the left side.
     void prepareForHashOfLeftSide();
+    /// Keeps the lists read so far as those of the left side, and begins those of the right.
     void prepareForHashOfRightSide();
+    /// Begins a side: with list 0 on level 0. After an error its blocks are only counted.
     void prepareBlocks();
+    /// Reads the run of blanks that starts here, if one does.
     void gobbleWhitespace();
+    /// Reads the characters up to the next one that ends a name, and gives them. They are the equation's own.
     std::u16string_view getStringUpToOperator();
+    /// Refuses the equation with this message, in place of an earlier one.
     void setErrorMessage(std::u16string message);
     /// Sets the message with `parts` filled in. Few lines are refused, so this is kept out of the way of the others.
     [[gnu::cold, gnu::noinline]] void refuse(std::u16string_view message,
                                              std::initializer_list<std::u16string_view> parts = {});
 
+    /// Looks at the equation's text, and gives the equation the fresh result that is filled from here on. A text of
+    /// more than 2^27 characters is refused.
     void load(TXEquation& equation);
+    /// Reads from this text, behind which there must be a zero.
     void lookAt(std::u16string_view text) {
         unicharEquation_ = text;
         equationLength_ = static_cast<std::int32_t>(text.size());
         lastEquationPosition_ = equationLength_ - 1;
     }
+    /// Reads the text from its first character to its last, or to the first error.
     void scan();
+    /// Reads what starts with this character, the one here.
     void hashCharacter(char16_t character);
+    /// Stores the lists of both sides on the equation, or takes away those of a refused one.
     void handOver(TXEquation& equation);
 
+    /// The character at `position`, zero where the text has none.
     char16_t characterAt(std::int32_t position) const {
         return static_cast<std::uint32_t>(position) < static_cast<std::uint32_t>(equationLength_)
                    ? unicharEquation_[static_cast<std::size_t>(position)]

@@ -86,11 +86,13 @@ constexpr CharacterKind kind(char16_t character) {
 template <class Answer>
 class CharacterTable {
 public:
+    /// Asks the rule about those code units now, and about the others when they come.
     constexpr explicit CharacterTable(Answer (*rule)(char16_t)) : rule_(rule) {
         for (char16_t character = 0; character < tabled; ++character) {
             table_[character] = rule(character);
         }
     }
+    /// What the rule says of any code unit.
     constexpr Answer operator()(char16_t character) const {
         return character < tabled ? table_[character] : rule_(character);
     }

@@ -13,6 +13,7 @@ class TXBlock;
 /// What the evaluator keeps of a block while it computes: a snapshot of the operand as it was written.
 struct _TXBlockStruct {
     _TXBlockStruct() = default;
+    /// The block as it is now; its links stay good until it changes.
     _TXBlockStruct(const TXBlock& block);  // not explicit, so that a whole array of blocks can be assigned
 
     char16_t blockOperator = 0;  ///< The operator in front of the operand, 0 for none.
@@ -34,7 +35,9 @@ struct _TXBlockStruct {
 class TXBlock {
 public:
     TXBlock() = default;
+    /// A block for this literal, without its sign, with the operator in front of it; 0 for none.
     static TXBlock initWithNumber(double number, char16_t andOperator);
+    /// A block that reads the variable at this position, with the operator in front of it; 0 for none.
     static TXBlock initWithVariable(std::int32_t variable, char16_t andOperator);
 
     /// Makes the block a fresh one again. `plusTolerance` and `minusTolerance` are left as they are.
@@ -81,6 +84,7 @@ public:
             addFurtherBlockPointer(blockPointerID);
         }
     }
+    /// Appends a link to the block list of a matrix's next element, in row order.
     void addMatrixElementPointer(std::int32_t blockPointerID) { addBlockPointer(blockPointerID); }
     std::int32_t numberOfElements() const { return blockPointers().size(); }
 

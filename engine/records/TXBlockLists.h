@@ -34,11 +34,13 @@ public:
                  std::pmr::memory_resource* memory = std::pmr::get_default_resource());
     TXBlockLists(const TXBlockLists&) = delete;
     TXBlockLists& operator=(const TXBlockLists&) = delete;
+    /// Takes over the blocks; the other has none afterwards.
     TXBlockLists(TXBlockLists&& other) noexcept
         : memory_(other.memory_),
           blocks_(std::exchange(other.blocks_, nullptr)),
           blockCount_(std::exchange(other.blockCount_, 0)),
           listCount_(std::exchange(other.listCount_, 0)) {}
+    /// Takes over the blocks; the other has those that were here.
     TXBlockLists& operator=(TXBlockLists&& other) noexcept {
         std::swap(memory_, other.memory_);
         std::swap(blocks_, other.blocks_);

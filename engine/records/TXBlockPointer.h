@@ -8,6 +8,7 @@
 /// A link from a block to a block list that it contains.
 class TXBlockPointer {
 public:
+    /// A link to the block list with this index, without a title.
     static TXBlockPointer initWithBlockPointerID(std::int32_t blockPointerID);
 
     /// The index of the block list that the link leads to.
@@ -32,6 +33,7 @@ private:
 class TXBlockPointerList {
 public:
     TXBlockPointerList() = default;
+    /// The links to the block lists with these indices, which are looked at and not copied.
     explicit TXBlockPointerList(std::span<const std::int32_t> blockPointerIDs) : ids_(blockPointerIDs) {}
 
     std::int32_t size() const { return static_cast<std::int32_t>(ids_.size()); }

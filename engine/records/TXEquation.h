@@ -13,6 +13,7 @@
 /// One entered line: its text, its outcome, and the block lists into which its sides were parsed.
 class TXEquation {
 public:
+    /// An equation of this text, of which it keeps a copy, not yet parsed.
     static TXEquation initWithEquationString(std::u16string_view equationString) {
         return TXEquation(equationString, std::pmr::get_default_resource());
     }
@@ -37,12 +38,14 @@ public:
     /// The block lists of the left side (of the whole equation when there is no "="); nullptr when there are none. The
     /// information on the lists comes and goes with them.
     const TXBlockLists* leftEquationBlocks() const { return left_.empty() ? nullptr : &left_; }
+    /// The same, to be changed.
     TXBlockLists* leftEquationBlocks() { return left_.empty() ? nullptr : &left_; }
     void setLeftEquationBlocks(TXBlockLists blocks) { left_ = std::move(blocks); }
     std::optional<std::span<const TXBlockInfo>> leftEquationBlockInfo() const { return infoOf(left_); }
 
     /// The same for the right side, which only an equation with "=" has.
     const TXBlockLists* rightEquationBlocks() const { return right_.empty() ? nullptr : &right_; }
+    /// The same, to be changed.
     TXBlockLists* rightEquationBlocks() { return right_.empty() ? nullptr : &right_; }
     void setRightEquationBlocks(TXBlockLists blocks) { right_ = std::move(blocks); }
     std::optional<std::span<const TXBlockInfo>> rightEquationBlockInfo() const { return infoOf(right_); }

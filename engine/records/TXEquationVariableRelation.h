@@ -5,6 +5,7 @@
 /// The pairing of an equation with a variable, each by its index.
 class TXEquationVariableRelation {
 public:
+    /// The pairing of the equation and the variable at these positions.
     static TXEquationVariableRelation initWithEquationIndex(std::int32_t equationIndex, std::int32_t variableIndex) {
         TXEquationVariableRelation relation;
         relation.equationIndex_ = equationIndex;

@@ -5,6 +5,7 @@
 /// A function that a name stands for. Built-in functions are of type 0; their index is their id.
 class TXFunction {
 public:
+    /// A function of this type, with its index among the functions of the type.
     static TXFunction initWithFunctionType(std::int32_t functionType, std::int32_t index) {
         TXFunction function;
         function.functionType_ = functionType;

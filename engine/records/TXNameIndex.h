@@ -12,6 +12,7 @@ class TXNameIndex {
 public:
     static constexpr std::int32_t none = -1;
 
+    /// The hash of a name. It differs from one run of the program to the next.
     static std::uint32_t hash(std::u16string_view name);
 
     /// The first position of `name`, whose hash is `nameHash`, or -1. `nameAt` gives the name at a position.

@@ -9,8 +9,11 @@
 class TXResult {
 public:
     TXResult() = default;
+    /// A refusal or a failure, with its message for the user.
     static TXResult initWithErrorMessage(std::u16string message);
+    /// A computed answer, meant for no variable.
     static TXResult initWithNumber(double number);
+    /// A computed answer, meant for the variable at this position; -1 for none.
     static TXResult initWithNumber(double number, std::int32_t toBeAssignedTo);
     /// A result of parsing. It is marked as hashed whatever `isHashed` says.
     static TXResult initWithIsHashed(bool isHashed);

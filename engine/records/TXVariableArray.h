@@ -19,12 +19,14 @@ public:
 
     /// The variable at `position`, which the list must hold.
     TXVariable& operator[](std::int32_t position) { return variables_[static_cast<std::size_t>(position)]; }
+    /// The same, to be looked at.
     const TXVariable& operator[](std::int32_t position) const { return variables_[static_cast<std::size_t>(position)]; }
     auto begin() const { return variables_.begin(); }
     auto end() const { return variables_.end(); }
 
     /// The position of the first variable with exactly this name, or -1. Takes constant time.
     std::int32_t indexOf(std::u16string_view name) const { return indexOf(name, TXNameIndex::hash(name)); }
+    /// The same, for who knows the hash that `TXNameIndex::hash` gives for the name.
     std::int32_t indexOf(std::u16string_view name, std::uint32_t nameHash) const {
         return index_.find(name, nameHash, NameAt{*this});
     }
@@ -37,6 +39,7 @@ public:
     /// Takes the last variable away, of which there must be one. Every other stays where it is.
     void removeLast();
 
+    /// Takes all variables away, and with them what stood for them.
     void clear();
     /// How often the list was cleared. While the number stays, what stood at a position still stands there.
     std::uint32_t timesCleared() const { return timesCleared_; }

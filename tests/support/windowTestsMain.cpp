@@ -1,12 +1,13 @@
 #include <QApplication>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
-// The tests of windows share one application. Its settings live in a folder that goes with it, in the C locale.
+#include "tests/support/OwnFolders.h"
+
+// The tests of windows share one application, in the C locale. Its settings and sockets live in folders that go with
+// it.
 int main(int argc, char** argv) {
-    const QTemporaryDir settings;
-    qputenv("XDG_CONFIG_HOME", settings.path().toLocal8Bit());
+    const OwnFolders folders;
     qputenv("DBUS_SESSION_BUS_ADDRESS", "none:");  // Not the user's desktop, with its colours.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleTest(&argc, argv);
