@@ -11,7 +11,8 @@
 /// Qt without a display, for targets that need windows. Its settings live in a folder that goes with the program.
 class Toolkit {
 public:
-    /// There is one, made with the first input. It never goes: at the program's end, what it needs would be gone before.
+    /// There is one, made with the first input. It never goes: at the program's end, what it needs would be gone
+    /// before.
     static void prepare() {
         // In memory where there is such a folder, since whatever is stored waits for the disk.
         const QString memory = QStringLiteral("/dev/shm");

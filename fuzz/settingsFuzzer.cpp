@@ -29,14 +29,12 @@
 
 namespace {
 
-constexpr const char* choiceKeys[] = {TXUserDefaultsKey::preferenceRevision, TXUserDefaultsKey::appRevision,
-                                      TXUserDefaultsKey::exponentsCharacter,
-                                      TXUserDefaultsKey::thousandsSeparatorCharacter,
-                                      TXUserDefaultsKey::usesRadiansForNewDocuments};
-constexpr const char* interfaceKeys[] = {"windowPlace",         "sidebarWidth",          "sidebarShown",
-                                         "entryHeight",         "textSize",              "miniWindowPlace",
-                                         "keepMiniWindowOnTop", "showAnswerWhileTyping", "suggestNames",
-                                         "colorEquation",       "colors"};
+constexpr const char* choiceKeys[] = {
+    TXUserDefaultsKey::preferenceRevision, TXUserDefaultsKey::appRevision, TXUserDefaultsKey::exponentsCharacter,
+    TXUserDefaultsKey::thousandsSeparatorCharacter, TXUserDefaultsKey::usesRadiansForNewDocuments};
+constexpr const char* interfaceKeys[] = {
+    "windowPlace",         "sidebarWidth",          "sidebarShown", "entryHeight",   "textSize", "miniWindowPlace",
+    "keepMiniWindowOnTop", "showAnswerWhileTyping", "suggestNames", "colorEquation", "colors"};
 
 /// A settings file under a name of its own, since Qt remembers what it has read by the name.
 class SettingsFile {
@@ -74,7 +72,8 @@ QMap<QString, QString> storedValues() {
     for (const char* key : interfaceKeys) {
         const QVariant value = defaults.interfaceValueForKey(key);
         const QRect place = value.toRect();
-        values[key] = QStringLiteral("%1 %2 %3 %4").arg(place.x()).arg(place.y()).arg(place.right()).arg(place.bottom());
+        values[key] =
+            QStringLiteral("%1 %2 %3 %4").arg(place.x()).arg(place.y()).arg(place.right()).arg(place.bottom());
         values[key] += value.toString() + QString::number(defaults.interfaceBoolForKey(key, true) ? 1 : 0);
     }
     return values;
@@ -92,7 +91,8 @@ void checkPlace(const QWidget& window) {
     constexpr int frame = 8;
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
     expect(screen.adjusted(-frame, 0, frame, frame).contains(window.geometry()), "a window is on the screen");
-    expect(window.width() >= window.minimumWidth() && window.height() >= window.minimumHeight(), "it has its least size");
+    expect(window.width() >= window.minimumWidth() && window.height() >= window.minimumHeight(),
+           "it has its least size");
 }
 
 void checkDocument(MyDocument& document) {

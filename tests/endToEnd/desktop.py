@@ -135,6 +135,11 @@ class Desktop:
         bus.stdout.close()
         return address
 
+    def start_another_bus(self):
+        """The address of a second bus, and its process, which the caller ends."""
+        address = self._start_bus()
+        return address, self.processes.pop()
+
     def _window_manager_settings(self):
         path = self.home / "openbox.xml"
         path.write_text('<openbox_config xmlns="http://openbox.org/3.4/rc"><focus><focusNew>yes</focusNew></focus>'
@@ -283,6 +288,10 @@ class Desktop:
         subprocess.run(["xclip", "-selection", selection, "-in"], env=self.environment, input=text, text=True,
                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=PATIENCE, check=True)
         wait_for(lambda: self._selection(selection) == text, "a clipboard of our own")
+
+    def offered_types(self):
+        """In which forms the clipboard's content can be had."""
+        return self._output("xclip", "-selection", "clipboard", "-out", "-target", "TARGETS").split()
 
     def _selection(self, name):
         return self._output("xclip", "-selection", name, "-out")

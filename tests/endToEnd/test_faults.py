@@ -16,7 +16,7 @@ import time
 import unittest
 import unittest.mock
 
-from desktop import Desktop, Program, wait_for
+from desktop import Program, wait_for
 from test_session import FIRST, SECOND, DesktopTest
 
 PROGRAM = os.environ["TALLIX_PROGRAM"]
@@ -168,8 +168,8 @@ class SessionBus(WorkingTest):
         self.assert_works()
 
     def test_it_ends_before_the_program(self):
-        self.change_environment(DBUS_SESSION_BUS_ADDRESS=self.desktop._start_bus())
-        bus = self.desktop.processes.pop()
+        address, bus = self.desktop.start_another_bus()
+        self.change_environment(DBUS_SESSION_BUS_ADDRESS=address)
         self.start()
         bus.terminate()
         bus.wait()
@@ -307,11 +307,12 @@ class Printer(WorkingTest):
         self.desktop.key("ctrl+p")
         self.desktop.wait_for_window(self.PRINT)
         dialog = self.desktop.active_window()
-        self.desktop.key("alt+f", "ctrl+a")  # the file
-        self.desktop.type(str(path))
-        self.desktop.key("Return")
-        self.desktop.wait_for(lambda: self.desktop.active_title() and self.desktop.active_window() not in ("", dialog, self.first),
-                              "the alert")
+        self.assertTrue(self.desktop.copied("alt+f", "ctrl+a", "ctrl+c").endswith(".pdf"))
+        # In one piece: for what is typed, the field offers folders, and would take the keys that follow.
+        self.desktop.offer("clipboard", str(path))
+        self.desktop.key("ctrl+v", "alt+p")
+        others = ("", dialog, self.first)
+        self.desktop.wait_for(lambda: self.desktop.active_title() and self.desktop.active_window() not in others, "the alert")
 
     def start(self):
         super().start()
@@ -356,8 +357,7 @@ class Clipboard(WorkingTest):
         process = subprocess.Popen(["xclip", "-quiet", "-selection", "clipboard", "-in", path], env=self.desktop.environment,
                                    stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         try:
-            wait_for(lambda: "UTF8_STRING" in self.desktop._output("xclip", "-selection", "clipboard", "-out", "-target", "TARGETS"),
-                     "the owner of the clipboard")
+            wait_for(lambda: "UTF8_STRING" in self.desktop.offered_types(), "the owner of the clipboard")
             yield process
         finally:
             process.kill()

@@ -482,7 +482,7 @@ TEST(EntryPasted, isRefusedWhenItIsLonger) {
     const auto* alert = open.document.documentWindow()->findChild<QMessageBox*>();
     ASSERT_NE(alert, nullptr);
     EXPECT_EQ(alert->text(), "The text is too long for the line.");
-    EXPECT_EQ(alert->informativeText(), "It has 999,999 characters, and a line takes 1,000,000 at most.");
+    EXPECT_EQ(alert->informativeText(), "It has 999999 characters, and a line takes 1000000 at most.");
 }
 
 TEST(EntryPasted, isUndoneInOneStep) {
