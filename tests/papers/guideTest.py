@@ -95,7 +95,7 @@ def messages():
 
 def pattern_of(message):
     """What a message looks like with something in place of each of its gaps."""
-    return "`(?:Error: )?" + re.sub("%[@C1]", "[^`]+?", re.escape(message)) + "`"
+    return "`(?:Error: )?" + re.sub("%[@C12]", "[^`]+?", re.escape(message)) + "`"
 
 
 def texts_in(source):
