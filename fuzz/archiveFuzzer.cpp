@@ -77,7 +77,8 @@ void enterAnAssignment(MyDocument& document) {
 // NOLINTNEXTLINE(readability-identifier-naming): libFuzzer calls it so.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     Toolkit::prepare();
-    static MyDocument& document = *std::make_unique<MyDocument>().release();  // Never gone, as the toolkit.
+    static const auto kept = std::make_unique<MyDocument>();
+    MyDocument& document = *kept;
     const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
     expect(document.loadDataRepresentation(bytes, QStringLiteral("txt")), "everything is read as something");
     checkVariables(document.variableArray());

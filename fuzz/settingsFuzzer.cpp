@@ -66,7 +66,8 @@ QMap<QString, QString> storedValues() {
     const UserDefaults defaults;
     QMap<QString, QString> values;
     for (const char* key : choiceKeys) {
-        values[key] = QStringLiteral("%1 %2 %3").arg(defaults.integerForKey(key)).arg(defaults.boolForKey(key, true));
+        values[key] =
+            QStringLiteral("%1 %2 %3").arg(defaults.integerForKey(key)).arg(defaults.boolForKey(key, true) ? 1 : 0);
         values[key] += defaults.stringForKey(key);
     }
     for (const char* key : interfaceKeys) {

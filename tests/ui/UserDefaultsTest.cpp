@@ -200,7 +200,7 @@ TEST(UserDefaults, doesNotWaitForAProgramThatWasKilled) {
 TEST(UserDefaults, removesALockOfAnotherTime) {
     const SettingsFolder settings;
     leaveNamelessLock(settings, -3600);  // The clock was put back since.
-    UserDefaults();
+    const UserDefaults defaults;
     EXPECT_FALSE(QFile::exists(settings.filePath() + ".lock"));
 }
 
@@ -210,7 +210,7 @@ TEST(UserDefaults, leavesALockThatWasJustMade) {
     bool isLeft = false;
     for (int attempt = 0; attempt < 20 && !isLeft; ++attempt) {
         leaveNamelessLock(settings, 0);
-        UserDefaults();
+        const UserDefaults defaults;
         isLeft = QFile::exists(settings.filePath() + ".lock");
     }
     EXPECT_TRUE(isLeft);
