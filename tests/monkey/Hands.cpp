@@ -14,6 +14,12 @@ void tellKey(QEvent::Type type, int key, Qt::KeyboardModifiers modifiers, const 
     if (window != nullptr) qt_handleKeyEvent(window, type, key, modifiers, text);
 }
 
+/// Whether a click gives the window the keyboard.
+bool takesKeyboard(const QWindow& window) {
+    const bool isShort = window.type() == Qt::Popup || window.type() == Qt::ToolTip;
+    return !isShort && !window.isActive() && !window.flags().testFlag(Qt::WindowDoesNotAcceptFocus);
+}
+
 constexpr std::pair<Qt::KeyboardModifier, Qt::Key> modifierKeys[] = {{Qt::ShiftModifier, Qt::Key_Shift},
                                                                      {Qt::ControlModifier, Qt::Key_Control},
                                                                      {Qt::AltModifier, Qt::Key_Alt}};
@@ -51,6 +57,7 @@ void Hands::moveTo(QWidget& widget, const QPoint& place) {
 void Hands::press(Qt::MouseButton button, Qt::KeyboardModifiers modifiers) {
     if (holdsButton()) return;
     held_ = button;
+    if (window_ != nullptr && takesKeyboard(*window_)) window_->requestActivate();
     tellMouse(QEvent::MouseButtonPress, button, modifiers);
 }
 

@@ -21,6 +21,8 @@ void Monkey::later(const QString& event, Step step) { plan_.push_back({event, st
 
 void Monkey::act() {
     guardPrinting();
+    broughtKeyboardBack_ = !broughtKeyboardBack_ && bringsKeyboardBack();
+    if (broughtKeyboardBack_) return;
     if (!plan_.empty() && !random_.oneIn(distraction)) {
         const Planned planned = plan_.front();
         plan_.pop_front();
@@ -54,7 +56,19 @@ Monkey::Deed Monkey::nextDeed() {
 void Monkey::leaveInnerLoop() {
     journal_.add(QStringLiteral("and waits"));
     hands_.release();
+    bringsKeyboardBack();
     pressKeyForWindow();
+}
+
+// As a window manager does. The platform without a screen gives the keyboard to every window that appears, also where
+// it is not wanted, and to none when that one goes.
+bool Monkey::bringsKeyboardBack() {
+    const QWindow* const focused = QGuiApplication::focusWindow();
+    const bool isGood = focused != nullptr && focused->isVisible() && !focused->flags().testFlag(Qt::WindowDoesNotAcceptFocus);
+    if (isGood || document() == nullptr) return false;
+    QWidget* const modal = QApplication::activeModalWidget();
+    (modal != nullptr ? modal : document()->activeWindow())->activateWindow();
+    return true;
 }
 
 // Menus and lists that have opened take what comes, and are mostly used with the keyboard.

@@ -35,13 +35,14 @@ private:
 
     Deed nextDeed();
     void later(const QString& event, Step step);
+    bool bringsKeyboardBack();
     bool dealsWithModalWindow();
     bool dealsWithPopup();
     MyDocument* document() const;
 
     // Monkey_keys.cpp
     void typeLine();
-    void typeCharacter(const QString& character);
+    void typeFast(const QString& text);
     void typeFragment();
     void typeSpecialKey();
     void pressShortcut();
@@ -85,5 +86,6 @@ private:
         QString event;
         Step step;
     };
+    bool broughtKeyboardBack_ = false;  ///< Just now, and not again before something else happened.
     std::deque<Planned> plan_;  ///< What is begun is mostly brought to its end.
 };

@@ -55,14 +55,18 @@ int keyOf(const QString& character) {
 
 }  // namespace
 
-void Monkey::typeCharacter(const QString& character) {
-    later("type " + character, [this, character] { hands_.pressKey(keyOf(character), character); });
+void Monkey::typeFast(const QString& text) {
+    later("types " + text, [this, text] {
+        for (const QChar character : text) hands_.pressKey(keyOf(QString(character)), QString(character));
+    });
 }
 
 void Monkey::typeLine() {
     const QString line = texts_.line();
     journal_.begin("plans the line " + line);
-    for (const QChar character : line) typeCharacter(QString(character));
+    if (!random_.oneIn(3)) later("Ctrl+A", [this] { hands_.pressKey(Qt::Key_A, QStringLiteral("\x01"), Qt::ControlModifier); });
+    const int atOnce = random_.between(1, 12);
+    for (qsizetype start = 0; start < line.size(); start += atOnce) typeFast(line.mid(start, atOnce));
     if (!random_.oneIn(8)) later("Return", [this] { hands_.pressKey(Qt::Key_Return, QStringLiteral("\r")); });
 }
 

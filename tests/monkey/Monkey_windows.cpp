@@ -81,7 +81,7 @@ void Monkey::chooseFromMenus() {
     emit menu->aboutToShow();
     QAction* const entry = oneOf(*menu);
     const bool isRare = entry != nullptr && (entry->objectName() == u"quitAction" || entry->objectName() == u"printDocumentAction");
-    if (entry == nullptr || (isRare && !random_.oneIn(6))) return;
+    if (entry == nullptr || (isRare && !random_.oneIn(3))) return;
     journal_.begin("chooses " + entry->objectName() + ' ' + entry->text());
     entry->trigger();
 }

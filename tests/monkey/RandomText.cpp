@@ -14,6 +14,11 @@ constexpr const char16_t* fragments[] = {
     u"sin",   u"sq",   u"co",    u" ",     u"  ",   u"−",     u"×",    u"÷",     u"٣",     u"1/0",   u"0/0",    u"inf",
     u"1e999", u"-",    u"e",     u"E",     u"2^",   u"ans*",  u"𝜋",    u"😀=2",  u"é",     u"e\u0301", u"\u200E", u"\u00A0"};
 
+constexpr const char16_t* shortLines[] = {
+    u"2+3",   u"x=2",    u"x=x+1",     u"ans*3", u"ans+ans1", u"1/3",   u"10^9/7", u"r=2.5",  u"pi*r^2", u"sin(30)",
+    u"α=1/7", u"α+x",    u"ans2=5",    u"2^0.5", u"-ans",     u"0xFF",  u"1e-7/3", u"sqrt 2", u"5±1",    u"123456789.123",
+    u"y+1",   u"y=0b11", u"1/0",       u"0/0",   u"2+",       u"sin()", u"(((1)))", u"cos(1", u"длина=7", u"+5"};
+
 constexpr char16_t lineEnds[] = {u'\n', u'\r', u'\v', u'\f', u'\u0085', u'\u2028', u'\u2029', u'\uFDD0', u'\uFDD1'};
 constexpr int longText = 20'000;
 constexpr unsigned int bmpSize = 0x10000;
@@ -25,6 +30,7 @@ constexpr unsigned int countAbove = 0x300;
 QString RandomText::fragment() { return QString::fromUtf16(random_.oneOf(fragments)); }
 
 QString RandomText::line() {
+    if (random_.oneIn(2)) return QString::fromUtf16(random_.oneOf(shortLines));
     if (!random_.oneIn(4)) return QString::fromStdU16String(writer_.line());
     QString text;
     for (int count = random_.between(1, 7); count > 0; --count) text += fragment();
