@@ -42,12 +42,14 @@ void activate(QWidget* window) {
 
 }  // namespace
 
-// In the order in which they were made: a set of widgets has another order every time.
+// In the order in which they were made: a set of widgets has another order every time. Tool tips come and go by the
+// clock.
 QList<QWidget*> Monkey::windows() const {
     QList<QWidget*> shown;
     for (const QWindow* handle : QGuiApplication::topLevelWindows()) {
         for (QWidget* window : QApplication::topLevelWidgets()) {
-            if (window->windowHandle() == handle && window->isVisible()) shown.append(window);
+            const bool isToolTip = window->inherits("QTipLabel");
+            if (window->windowHandle() == handle && window->isVisible() && !isToolTip) shown.append(window);
         }
     }
     return shown;

@@ -44,14 +44,12 @@ void Run::useProgramOnce() {
     ++sums_.starts;
     Monkey monkey(application, random_, journal_);
     std::uint64_t nextLook = journal_.eventsBegun() + eventsBetweenLooks;
-    QTimer rescue;  // Only a loop within an event lets it fire.
-    QObject::connect(&rescue, &QTimer::timeout, &application, [&] { monkey.leaveInnerLoop(); });
     QTimer pulse;
     QObject::connect(&pulse, &QTimer::timeout, &application, [&] {
+        // All that the last event left to be done, and not only as much as there was time for.
+        QCoreApplication::processEvents();
         if (application.documents().documents().isEmpty()) return;
-        rescue.start(0);
-        monkey.act();
-        rescue.stop();
+        letAct(monkey);
         if (journal_.eventsBegun() >= nextLook) {
             lookAtDocuments(application);
             nextLook += eventsBetweenLooks;
@@ -60,6 +58,24 @@ void Run::useProgramOnce() {
     });
     pulse.start(0);
     QApplication::exec();
+}
+
+// The pulse waits for the end of an event. Where the event itself waits for an answer, in a loop of its own, the answer
+// has to come from there; and so on in that one.
+void Run::letAct(Monkey& monkey) {
+    ++turn_;
+    isActing_ = true;
+    answerInInnerLoops(monkey);
+    monkey.act();
+    isActing_ = false;
+}
+
+void Run::answerInInnerLoops(Monkey& monkey) {
+    QTimer::singleShot(0, &inner_, [this, &monkey, turn = turn_] {
+        if (!isActing_ || turn != turn_) return;
+        answerInInnerLoops(monkey);
+        monkey.leaveInnerLoop();
+    });
 }
 
 void Run::watch(Application& application) {

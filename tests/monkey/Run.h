@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QObject>
 #include <cstddef>
 #include <cstdint>
 
@@ -10,6 +11,7 @@
 #include "tests/support/OpenedAddresses.h"
 
 class Application;
+class Monkey;
 
 /// Tells the toolkit the program's names, before there is an application.
 void introduceProgram();
@@ -31,6 +33,8 @@ private:
     };
 
     void useProgramOnce();
+    void letAct(Monkey& monkey);
+    void answerInInnerLoops(Monkey& monkey);
     void watch(Application& application);
     void lookAtDocuments(Application& application);
     void lookForRemains() const;
@@ -43,4 +47,7 @@ private:
     BeepCount beeps_;
     OpenedAddresses opened_;
     Sums sums_;
+    QObject inner_;  ///< Goes with its timers.
+    std::uint64_t turn_ = 0;
+    bool isActing_ = false;
 };
