@@ -96,9 +96,9 @@ void DocumentWitness::followClearing() {
 
 QString DocumentWitness::complaint() const {
     if (!surprise_.isEmpty()) return surprise_;
-    for (const auto look : {&DocumentWitness::sessionComplaint, &DocumentWitness::historyComplaint,
-                            &DocumentWitness::sidebarComplaint, &DocumentWitness::rowsComplaint,
-                            &DocumentWitness::entriesComplaint}) {
+    for (const auto look :
+         {&DocumentWitness::sessionComplaint, &DocumentWitness::historyComplaint, &DocumentWitness::sidebarComplaint,
+          &DocumentWitness::rowsComplaint, &DocumentWitness::entriesComplaint}) {
         const QString found = (this->*look)();
         if (!found.isEmpty()) return found;
     }
@@ -128,7 +128,9 @@ QString DocumentWitness::equationComplaint(std::size_t position) const {
     }
     return isSame(equation.lastResult(), expected.lastResult())
                ? QString()
-               : QStringLiteral("equation %1, \"%2\", has another result").arg(position).arg(stringOf(equation.masterString()));
+               : QStringLiteral("equation %1, \"%2\", has another result")
+                     .arg(position)
+                     .arg(stringOf(equation.masterString()));
 }
 
 QString DocumentWitness::variablesComplaint() const {

@@ -54,7 +54,7 @@ private:
 
     MyDocument& document_;
     LineCounts& lines_;
-    TXEquationController session_;  ///< Enters the same lines, and nothing else happens to it.
+    TXEquationController session_;                     ///< Enters the same lines, and nothing else happens to it.
     std::vector<TXNumberFormatterSettings> settings_;  ///< Of each equation, when it was entered.
     std::size_t firstShown_ = 0;                       ///< The equation that begins the history.
     std::size_t firstShownBefore_ = 0;                 ///< Before the history was cleared.

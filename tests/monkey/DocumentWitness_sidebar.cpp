@@ -1,10 +1,11 @@
 // What the sidebar is to show: three groups, each with its variables in the order of the session.
 
+#include "tests/monkey/DocumentWitness.h"
+
 #include <algorithm>
 #include <array>
 
 #include "format/TXNumberFormatter.h"
-#include "tests/monkey/DocumentWitness.h"
 #include "ui/document/MyDocument.h"
 #include "ui/document/TXOutlineView.h"
 #include "ui/document/TXVariableOutlineViewController.h"

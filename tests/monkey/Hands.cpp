@@ -20,9 +20,8 @@ bool takesKeyboard(const QWindow& window) {
     return !isShort && !window.isActive() && !window.flags().testFlag(Qt::WindowDoesNotAcceptFocus);
 }
 
-constexpr std::pair<Qt::KeyboardModifier, Qt::Key> modifierKeys[] = {{Qt::ShiftModifier, Qt::Key_Shift},
-                                                                     {Qt::ControlModifier, Qt::Key_Control},
-                                                                     {Qt::AltModifier, Qt::Key_Alt}};
+constexpr std::pair<Qt::KeyboardModifier, Qt::Key> modifierKeys[] = {
+    {Qt::ShiftModifier, Qt::Key_Shift}, {Qt::ControlModifier, Qt::Key_Control}, {Qt::AltModifier, Qt::Key_Alt}};
 
 }  // namespace
 

@@ -7,8 +7,8 @@
 #include <QWidget>
 #include <QWindow>
 
-/// Keyboard and mouse, on the level of windows: what a window system would tell the toolkit, which then finds shortcuts,
-/// popups, modal windows, grabs and the widget that is meant. Time is counted and not measured.
+/// Keyboard and mouse, on the level of windows: what a window system would tell the toolkit, which then finds
+/// shortcuts, popups, modal windows, grabs and the widget that is meant. Time is counted and not measured.
 class Hands {
 public:
     /// Presses and releases a key with its modifiers in the window that has the keyboard; nothing where none has.

@@ -23,8 +23,8 @@ void print(std::FILE* out, const QString& line) {
     static_cast<void>(std::fflush(out));
 }
 
-/// What the platform without a screen says of itself, and what is said of the fonts that are installed, whatever program
-/// shows them.
+/// What the platform without a screen says of itself, and what is said of the fonts that are installed, whatever
+/// program shows them.
 bool isAboutMachine(const QString& message) {
     return message.startsWith(QLatin1String("This plugin does not support ")) ||
            message.contains(QLatin1String("OpenType support missing for "));

@@ -35,13 +35,13 @@ void Monkey::act() {
 
 Monkey::Deed Monkey::nextDeed() {
     static constexpr Chance chances[] = {
-        {200, &Monkey::typeLine},       {60, &Monkey::typeFragment},   {140, &Monkey::typeSpecialKey},
-        {40, &Monkey::pressShortcut},   {20, &Monkey::composeText},    {120, &Monkey::click},
-        {25, &Monkey::clickTwice},      {30, &Monkey::clickRight},     {50, &Monkey::drag},
-        {25, &Monkey::turnWheel},       {25, &Monkey::dropForeign},    {20, &Monkey::fillClipboard},
-        {30, &Monkey::paste},           {50, &Monkey::chooseFromMenus}, {40, &Monkey::chooseFormat},
-        {25, &Monkey::resizeWindow},    {20, &Monkey::activateWindow}, {10, &Monkey::closeWindow},
-        {6, &Monkey::openWindow},       {40, &Monkey::operateDialog},
+        {200, &Monkey::typeLine},     {60, &Monkey::typeFragment},    {140, &Monkey::typeSpecialKey},
+        {40, &Monkey::pressShortcut}, {20, &Monkey::composeText},     {120, &Monkey::click},
+        {25, &Monkey::clickTwice},    {30, &Monkey::clickRight},      {50, &Monkey::drag},
+        {25, &Monkey::turnWheel},     {25, &Monkey::dropForeign},     {20, &Monkey::fillClipboard},
+        {30, &Monkey::paste},         {50, &Monkey::chooseFromMenus}, {40, &Monkey::chooseFormat},
+        {25, &Monkey::resizeWindow},  {20, &Monkey::activateWindow},  {10, &Monkey::closeWindow},
+        {6, &Monkey::openWindow},     {40, &Monkey::operateDialog},
     };
     static constexpr int sum = std::accumulate(std::begin(chances), std::end(chances), 0,
                                                [](int total, const Chance& chance) { return total + chance.weight; });
@@ -64,7 +64,8 @@ void Monkey::leaveInnerLoop() {
 // it is not wanted, and to none when that one goes.
 bool Monkey::bringsKeyboardBack() {
     const QWindow* const focused = QGuiApplication::focusWindow();
-    const bool isGood = focused != nullptr && focused->isVisible() && !focused->flags().testFlag(Qt::WindowDoesNotAcceptFocus);
+    const bool isGood =
+        focused != nullptr && focused->isVisible() && !focused->flags().testFlag(Qt::WindowDoesNotAcceptFocus);
     if (isGood || document() == nullptr) return false;
     QWidget* const modal = QApplication::activeModalWidget();
     (modal != nullptr ? modal : document()->activeWindow())->activateWindow();

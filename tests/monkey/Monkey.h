@@ -14,8 +14,8 @@ class MyDocument;
 class QAction;
 class QMenu;
 
-/// Somebody who uses the program without knowing it: types, clicks, drags, pastes, resizes, opens and closes whatever is
-/// there. What comes next depends on the numbers drawn and on what the program shows, and on no clock.
+/// Somebody who uses the program without knowing it: types, clicks, drags, pastes, resizes, opens and closes whatever
+/// is there. What comes next depends on the numbers drawn and on what the program shows, and on no clock.
 class Monkey {
 public:
     Monkey(Application& application, Random& random, Journal& journal);
@@ -87,5 +87,5 @@ private:
         Step step;
     };
     bool broughtKeyboardBack_ = false;  ///< Just now, and not again before something else happened.
-    std::deque<Planned> plan_;  ///< What is begun is mostly brought to its end.
+    std::deque<Planned> plan_;          ///< What is begun is mostly brought to its end.
 };

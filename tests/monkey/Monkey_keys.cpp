@@ -1,21 +1,22 @@
 // What the monkey does with the keyboard.
 
+#include "tests/monkey/Monkey.h"
+
 #include <QApplication>
 #include <utility>
 
 #include <QtTest/QTest>
 
-#include "tests/monkey/Monkey.h"
-
 namespace {
 
 constexpr Qt::Key specialKeys[] = {
-    Qt::Key_Return,    Qt::Key_Return, Qt::Key_Enter,  Qt::Key_Backspace, Qt::Key_Delete, Qt::Key_Left,    Qt::Key_Right,
-    Qt::Key_Up,        Qt::Key_Down,   Qt::Key_Home,   Qt::Key_End,       Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Tab,
-    Qt::Key_Backtab,   Qt::Key_Escape, Qt::Key_Insert, Qt::Key_F1,        Qt::Key_F3,     Qt::Key_F6,      Qt::Key_F8,
-    Qt::Key_F10,       Qt::Key_F11,    Qt::Key_Space,  Qt::Key_Menu,      Qt::Key_Shift,  Qt::Key_Control, Qt::Key_Alt,
-    Qt::Key_CapsLock,  Qt::Key_Help,   Qt::Key_Dead_Acute, Qt::Key_Multi_key, Qt::Key_unknown, Qt::Key_F16,
-    Qt::Key_VolumeUp,  Qt::Key_Back,   Qt::Key_Clear,  Qt::Key_Undo,      Qt::Key_Paste,  Qt::Key_Select,
+    Qt::Key_Return,     Qt::Key_Return,    Qt::Key_Enter,   Qt::Key_Backspace, Qt::Key_Delete,   Qt::Key_Left,
+    Qt::Key_Right,      Qt::Key_Up,        Qt::Key_Down,    Qt::Key_Home,      Qt::Key_End,      Qt::Key_PageUp,
+    Qt::Key_PageDown,   Qt::Key_Tab,       Qt::Key_Backtab, Qt::Key_Escape,    Qt::Key_Insert,   Qt::Key_F1,
+    Qt::Key_F3,         Qt::Key_F6,        Qt::Key_F8,      Qt::Key_F10,       Qt::Key_F11,      Qt::Key_Space,
+    Qt::Key_Menu,       Qt::Key_Shift,     Qt::Key_Control, Qt::Key_Alt,       Qt::Key_CapsLock, Qt::Key_Help,
+    Qt::Key_Dead_Acute, Qt::Key_Multi_key, Qt::Key_unknown, Qt::Key_F16,       Qt::Key_VolumeUp, Qt::Key_Back,
+    Qt::Key_Clear,      Qt::Key_Undo,      Qt::Key_Paste,   Qt::Key_Select,
 };
 
 constexpr Qt::KeyboardModifiers::Int modifierSets[] = {
@@ -31,8 +32,8 @@ constexpr Qt::KeyboardModifiers::Int modifierSets[] = {
 };
 
 constexpr Qt::Key keysForWindow[] = {
-    Qt::Key_Return, Qt::Key_Escape, Qt::Key_Escape, Qt::Key_Up,   Qt::Key_Down, Qt::Key_Down, Qt::Key_Left,
-    Qt::Key_Right,  Qt::Key_Tab,    Qt::Key_Space,  Qt::Key_Home, Qt::Key_End,
+    Qt::Key_Return, Qt::Key_Escape, Qt::Key_Escape, Qt::Key_Up,    Qt::Key_Down, Qt::Key_Down,
+    Qt::Key_Left,   Qt::Key_Right,  Qt::Key_Tab,    Qt::Key_Space, Qt::Key_Home, Qt::Key_End,
 };
 
 QString textOf(Qt::Key key) {
@@ -50,7 +51,7 @@ QString textOf(Qt::Key key) {
 
 int keyOf(const QString& character) {
     return character.size() == 1 && character.front().unicode() >= 0x20 ? character.front().toUpper().unicode()
-                                                                         : static_cast<int>(Qt::Key_unknown);
+                                                                        : static_cast<int>(Qt::Key_unknown);
 }
 
 }  // namespace
@@ -64,7 +65,8 @@ void Monkey::typeFast(const QString& text) {
 void Monkey::typeLine() {
     const QString line = texts_.line();
     journal_.begin("plans the line " + line);
-    if (!random_.oneIn(3)) later("Ctrl+A", [this] { hands_.pressKey(Qt::Key_A, QStringLiteral("\x01"), Qt::ControlModifier); });
+    if (!random_.oneIn(3))
+        later("Ctrl+A", [this] { hands_.pressKey(Qt::Key_A, QStringLiteral("\x01"), Qt::ControlModifier); });
     const int atOnce = random_.between(1, 12);
     for (qsizetype start = 0; start < line.size(); start += atOnce) typeFast(line.mid(start, atOnce));
     if (!random_.oneIn(8)) later("Return", [this] { hands_.pressKey(Qt::Key_Return, QStringLiteral("\r")); });

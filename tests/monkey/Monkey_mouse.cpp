@@ -1,12 +1,13 @@
 // What the monkey does with the mouse.
 
+#include "tests/monkey/Monkey.h"
+
 #include <QDrag>
 #include <QMimeData>
 #include <QScrollBar>
 #include <QSplitter>
 #include <memory>
 
-#include "tests/monkey/Monkey.h"
 #include "ui/document/MiniModeAnswerField.h"
 #include "ui/document/MyDocument.h"
 #include "ui/document/PullDownButton.h"

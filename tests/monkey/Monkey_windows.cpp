@@ -1,5 +1,7 @@
 // What the monkey does with windows, menus and the clipboard.
 
+#include "tests/monkey/Monkey.h"
+
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
@@ -13,7 +15,6 @@
 #include <QToolButton>
 
 #include "app/Application.h"
-#include "tests/monkey/Monkey.h"
 #include "ui/document/MyDocument.h"
 #include "ui/document/PullDownButton.h"
 #include "ui/document/TXWindow.h"
@@ -82,7 +83,8 @@ void Monkey::chooseFromMenus() {
     QMenu* const menu = menus[static_cast<qsizetype>(random_.below(static_cast<std::size_t>(menus.size())))];
     emit menu->aboutToShow();
     QAction* const entry = oneOf(*menu);
-    const bool isRare = entry != nullptr && (entry->objectName() == u"quitAction" || entry->objectName() == u"printDocumentAction");
+    const bool isRare =
+        entry != nullptr && (entry->objectName() == u"quitAction" || entry->objectName() == u"printDocumentAction");
     if (entry == nullptr || (isRare && !random_.oneIn(3))) return;
     journal_.begin("chooses " + entry->objectName() + ' ' + entry->text());
     entry->trigger();
@@ -106,7 +108,8 @@ void Monkey::resizeWindow() {
     if (window->windowType() == Qt::Popup || window->windowType() == Qt::ToolTip) return;
     const int width = random_.between(1, largestWindow.width());
     const QSize size(width, random_.between(1, largestWindow.height()));
-    journal_.begin(QStringLiteral("resizes %1 to %2 x %3").arg(window->objectName()).arg(size.width()).arg(size.height()));
+    journal_.begin(
+        QStringLiteral("resizes %1 to %2 x %3").arg(window->objectName()).arg(size.width()).arg(size.height()));
     window->resize(size);
     if (!random_.oneIn(4)) return;
     const int left = random_.between(-200, 900);

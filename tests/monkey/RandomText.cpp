@@ -7,17 +7,19 @@
 namespace {
 
 constexpr const char16_t* fragments[] = {
-    u"1",     u"2",    u"0.5",   u"1e300", u"0xFF", u"0b101", u"0o17", u"3±0.1", u"1,000", u"1 000", u"+",      u"-",
-    u"*",     u"/",    u"^",     u"(",     u")",    u"=",     u"±",    u"!",     u"%",     u",",     u".",      u"..",
-    u"ans",   u"ans1", u"ans2",  u"pi",    u"π",    u"x",     u"r",    u"abc",   u"α",     u"Ω",     u"длина",  u"長さ",
-    u"sin(",  u"cos(", u"sqrt(", u"ln(",   u"log(", u"cbrt(", u"abs(", u"atan(", u"x=",    u"r=",    u"α=",     u"nil",
-    u"sin",   u"sq",   u"co",    u" ",     u"  ",   u"−",     u"×",    u"÷",     u"٣",     u"1/0",   u"0/0",    u"inf",
-    u"1e999", u"-",    u"e",     u"E",     u"2^",   u"ans*",  u"𝜋",    u"😀=2",  u"é",     u"e\u0301", u"\u200E", u"\u00A0"};
+    u"1",  u"2",     u"0.5",  u"1e300",   u"0xFF",   u"0b101", u"0o17", u"3±0.1", u"1,000", u"1 000", u"+",
+    u"-",  u"*",     u"/",    u"^",       u"(",      u")",     u"=",    u"±",     u"!",     u"%",     u",",
+    u".",  u"..",    u"ans",  u"ans1",    u"ans2",   u"pi",    u"π",    u"x",     u"r",     u"abc",   u"α",
+    u"Ω",  u"длина", u"長さ", u"sin(",    u"cos(",   u"sqrt(", u"ln(",  u"log(",  u"cbrt(", u"abs(",  u"atan(",
+    u"x=", u"r=",    u"α=",   u"nil",     u"sin",    u"sq",    u"co",   u" ",     u"  ",    u"−",     u"×",
+    u"÷",  u"٣",     u"1/0",  u"0/0",     u"inf",    u"1e999", u"-",    u"e",     u"E",     u"2^",    u"ans*",
+    u"𝜋",  u"😀=2",   u"é",    u"e\u0301", u"\u200E", u"\u00A0"};
 
-constexpr const char16_t* shortLines[] = {
-    u"2+3",   u"x=2",    u"x=x+1",     u"ans*3", u"ans+ans1", u"1/3",   u"10^9/7", u"r=2.5",  u"pi*r^2", u"sin(30)",
-    u"α=1/7", u"α+x",    u"ans2=5",    u"2^0.5", u"-ans",     u"0xFF",  u"1e-7/3", u"sqrt 2", u"5±1",    u"123456789.123",
-    u"y+1",   u"y=0b11", u"1/0",       u"0/0",   u"2+",       u"sin()", u"(((1)))", u"cos(1", u"длина=7", u"+5"};
+constexpr const char16_t* shortLines[] = {u"2+3",    u"x=2",           u"x=x+1",   u"ans*3",   u"ans+ans1", u"1/3",
+                                          u"10^9/7", u"r=2.5",         u"pi*r^2",  u"sin(30)", u"α=1/7",    u"α+x",
+                                          u"ans2=5", u"2^0.5",         u"-ans",    u"0xFF",    u"1e-7/3",   u"sqrt 2",
+                                          u"5±1",    u"123456789.123", u"y+1",     u"y=0b11",  u"1/0",      u"0/0",
+                                          u"2+",     u"sin()",         u"(((1)))", u"cos(1",   u"длина=7",  u"+5"};
 
 constexpr char16_t lineEnds[] = {u'\n', u'\r', u'\v', u'\f', u'\u0085', u'\u2028', u'\u2029', u'\uFDD0', u'\uFDD1'};
 constexpr int longText = 20'000;

@@ -16,8 +16,8 @@ class Monkey;
 /// Tells the toolkit the program's names, before there is an application.
 void introduceProgram();
 
-/// So many events, from as many starts of the program as it takes: it ends when its last document is closed. After every
-/// hundred events, and before every end, all documents are looked at. What is wrong ends the process.
+/// So many events, from as many starts of the program as it takes: it ends when its last document is closed. After
+/// every hundred events, and before every end, all documents are looked at. What is wrong ends the process.
 class Run {
 public:
     Run(std::uint64_t seed, std::uint64_t events, bool isTraced);
