@@ -35,6 +35,8 @@ public:
 
     /// What is wrong; empty when nothing is.
     QString complaint() const;
+    /// What is wrong with the entries alone, which costs next to nothing.
+    QString entriesComplaint() const;
 
 private:
     void followSession();
@@ -50,7 +52,6 @@ private:
     QString answerLine(std::size_t position) const;
     QString sidebarComplaint() const;
     QString rowsComplaint() const;
-    QString entriesComplaint() const;
 
     MyDocument& document_;
     LineCounts& lines_;

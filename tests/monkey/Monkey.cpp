@@ -41,7 +41,7 @@ Monkey::Deed Monkey::nextDeed() {
         {25, &Monkey::turnWheel},     {25, &Monkey::dropForeign},     {20, &Monkey::fillClipboard},
         {30, &Monkey::paste},         {50, &Monkey::chooseFromMenus}, {40, &Monkey::chooseFormat},
         {25, &Monkey::resizeWindow},  {20, &Monkey::activateWindow},  {10, &Monkey::closeWindow},
-        {6, &Monkey::openWindow},     {40, &Monkey::operateDialog},
+        {6, &Monkey::openWindow},     {40, &Monkey::operateDialog},   {12, &Monkey::clearHistory},
     };
     static constexpr int sum = std::accumulate(std::begin(chances), std::end(chances), 0,
                                                [](int total, const Chance& chance) { return total + chance.weight; });

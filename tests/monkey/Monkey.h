@@ -68,6 +68,7 @@ private:
     void paste();
     void chooseFromMenus();
     void chooseFormat();
+    void clearHistory();
     void resizeWindow();
     void activateWindow();
     void closeWindow();

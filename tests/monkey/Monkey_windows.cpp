@@ -101,6 +101,17 @@ void Monkey::chooseFormat() {
     entry->trigger();
 }
 
+// And regrets it, perhaps too late.
+void Monkey::clearHistory() {
+    const MyDocument* const used = document();
+    if (used == nullptr) return;
+    journal_.begin(QStringLiteral("clears the history"));
+    used->documentWindow()->findChild<QAction*>(QStringLiteral("clearHistoryAction"))->trigger();
+    if (random_.oneIn(2)) typeFast(texts_.fragment());
+    if (random_.oneIn(4)) later("Return", [this] { hands_.pressKey(Qt::Key_Return, QStringLiteral("\r")); });
+    later("Ctrl+Z", [this] { hands_.pressKey(Qt::Key_Z, QStringLiteral("\x1A"), Qt::ControlModifier); });
+}
+
 void Monkey::resizeWindow() {
     const QList<QWidget*> shown = windows();
     if (shown.isEmpty()) return;

@@ -17,7 +17,7 @@ class Monkey;
 void introduceProgram();
 
 /// So many events, from as many starts of the program as it takes: it ends when its last document is closed. After
-/// every hundred events, and before every end, all documents are looked at. What is wrong ends the process.
+/// every hundred events all documents are looked at, and after each one their entries. What is wrong ends the process.
 class Run {
 public:
     Run(std::uint64_t seed, std::uint64_t events, bool isTraced);
@@ -32,11 +32,13 @@ private:
         std::size_t looks = 0;
     };
 
+    using Complaint = QString (DocumentWitness::*)() const;
+
     void useProgramOnce();
     void letAct(Monkey& monkey);
     void answerInInnerLoops(Monkey& monkey);
     void watch(Application& application);
-    void lookAtDocuments(Application& application);
+    void lookAtDocuments(Application& application, Complaint complaintOf) const;
     void lookForRemains() const;
     void printSums() const;
 
