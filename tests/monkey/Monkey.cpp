@@ -42,6 +42,7 @@ Monkey::Deed Monkey::nextDeed() {
         {30, &Monkey::paste},         {50, &Monkey::chooseFromMenus}, {40, &Monkey::chooseFormat},
         {25, &Monkey::resizeWindow},  {20, &Monkey::activateWindow},  {10, &Monkey::closeWindow},
         {6, &Monkey::openWindow},     {40, &Monkey::operateDialog},   {12, &Monkey::clearHistory},
+        {15, &Monkey::rest},
     };
     static constexpr int sum = std::accumulate(std::begin(chances), std::end(chances), 0,
                                                [](int total, const Chance& chance) { return total + chance.weight; });
@@ -54,6 +55,7 @@ Monkey::Deed Monkey::nextDeed() {
 }
 
 void Monkey::leaveInnerLoop() {
+    if (isResting_) return;
     journal_.add(QStringLiteral("and waits"));
     hands_.release();
     bringsKeyboardBack();

@@ -48,6 +48,7 @@ private:
     void pressShortcut();
     void composeText();
     void pressKeyForWindow();
+    void rest();
 
     // Monkey_mouse.cpp
     void click();
@@ -87,6 +88,7 @@ private:
         QString event;
         Step step;
     };
+    bool isResting_ = false;
     bool broughtKeyboardBack_ = false;  ///< Just now, and not again before something else happened.
     std::deque<Planned> plan_;          ///< What is begun is mostly brought to its end.
 };

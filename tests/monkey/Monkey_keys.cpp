@@ -31,6 +31,8 @@ constexpr Qt::KeyboardModifiers::Int modifierSets[] = {
     Qt::ControlModifier | Qt::AltModifier,
 };
 
+constexpr int longRest = 200;  // milliseconds
+
 constexpr Qt::Key keysForWindow[] = {
     Qt::Key_Return, Qt::Key_Escape, Qt::Key_Escape, Qt::Key_Up,    Qt::Key_Down, Qt::Key_Down,
     Qt::Key_Left,   Qt::Key_Right,  Qt::Key_Tab,    Qt::Key_Space, Qt::Key_Home, Qt::Key_End,
@@ -104,6 +106,14 @@ void Monkey::composeText() {
     const QString commit = random_.oneIn(2) ? texts_.fragment() : QString();
     journal_.begin(QStringLiteral("composes \"%1\" and commits \"%2\"").arg(preedit, commit));
     Hands::compose(preedit, commit);
+}
+
+// Long enough for what only shows itself when nobody types.
+void Monkey::rest() {
+    journal_.begin(QStringLiteral("rests"));
+    isResting_ = true;
+    QTest::qWait(longRest);
+    isResting_ = false;
 }
 
 void Monkey::pressKeyForWindow() {

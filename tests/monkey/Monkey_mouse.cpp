@@ -61,7 +61,8 @@ QWidget* Monkey::anyPlace() {
     QWidget* const window = shown[static_cast<qsizetype>(random_.below(static_cast<std::size_t>(shown.size())))];
     QList<QWidget*> places{window};
     for (QWidget* child : window->findChildren<QWidget*>()) {
-        if (child->isVisible() && child->window() == window) places.append(child);
+        const bool isThere = child->isVisible() && child->window() == window;
+        if (isThere && !child->testAttribute(Qt::WA_TransparentForMouseEvents)) places.append(child);
     }
     return places[static_cast<qsizetype>(random_.below(static_cast<std::size_t>(places.size())))];
 }
