@@ -85,6 +85,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
     bool focusNextPrevChild(bool next) override;
     bool canInsertFromMimeData(const QMimeData* source) const override;
     void insertFromMimeData(const QMimeData* source) override;
@@ -104,6 +105,7 @@ private:
     void emptyLine(QKeyEvent* event);
     void insertThroughEditor(const QString& text);
     void showComposition(QInputMethodEvent* event);
+    void endComposition();
     int lineHeight() const;
     void centreLine();
     void prepareMarks();

@@ -3,6 +3,8 @@
 #include "ui/document/TXFormulaEnteringTextView.h"
 
 #include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QInputMethod>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMenu>
@@ -204,6 +206,20 @@ void TXFormulaEnteringTextView::showComposition(QInputMethodEvent* event) {
     const QScopedValueRollback byProgram(isMovedByProgram_, true);
     QPlainTextEdit::inputMethodEvent(event);
     refreshMarks();
+}
+
+void TXFormulaEnteringTextView::endComposition() {
+    if (!isComposing()) return;
+    QGuiApplication::inputMethod()->commit();
+    if (!isComposing()) return;
+    QInputMethodEvent ending;
+    showComposition(&ending);
+}
+
+// What is composed ends with a drag as with a click: the editor would count its characters for the line's.
+bool TXFormulaEnteringTextView::viewportEvent(QEvent* event) {
+    if (event->type() == QEvent::DragMove || event->type() == QEvent::Drop) endComposition();
+    return QPlainTextEdit::viewportEvent(event);
 }
 
 // The editor's own menu would ask the clipboard whether there is something to paste.

@@ -7,8 +7,11 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QScrollBar>
+#include <QTextBlock>
+#include <QTextLayout>
 
 #include "tests/support/DocumentTest.h"
+#include "tests/support/Warnings.h"
 
 using namespace Qt::StringLiterals;
 
@@ -552,6 +555,27 @@ TEST(EntryDropped, isUndoneInOneStep) {
     EXPECT_EQ(open.line(), "12*3");
     open.entry()->redo();
     EXPECT_EQ(open.line(), "124 +5*3");
+}
+
+TEST(EntryDropped, endsWhatIsBeingComposed) {
+    const OpenDocument open;
+    open.press(u"12");
+    QInputMethodEvent composing("composed", {});
+    QApplication::sendEvent(open.entry(), &composing);
+    QMimeData data;
+    data.setText("+3");
+    const Warnings warnings;
+    const QPoint place(open.entry()->viewport()->width() - 1, 1);
+    QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(open.entry()->viewport(), &enter);
+    QDragMoveEvent move(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(open.entry()->viewport(), &move);
+    EXPECT_EQ(open.entry()->document()->firstBlock().layout()->preeditAreaText(), "");
+    QApplication::sendEvent(open.entry(), &composing);
+    QDropEvent drop(QPointF(place), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(open.entry()->viewport(), &drop);
+    EXPECT_EQ(open.line(), "12+3");
+    EXPECT_EQ(warnings.messages(), QStringList());
 }
 
 TEST(EntryPasted, comesWithTheMiddleButtonToo) {
