@@ -99,7 +99,7 @@ QString DocumentWitness::complaint() const {
     for (const auto look :
          {&DocumentWitness::sessionComplaint, &DocumentWitness::historyComplaint, &DocumentWitness::sidebarComplaint,
           &DocumentWitness::rowsComplaint, &DocumentWitness::entriesComplaint}) {
-        const QString found = (this->*look)();
+        QString found = (this->*look)();
         if (!found.isEmpty()) return found;
     }
     return {};
@@ -111,7 +111,7 @@ QString DocumentWitness::sessionComplaint() const {
         return QStringLiteral("there are %1 equations and not %2").arg(count).arg(settings_.size());
     }
     for (std::size_t position = 0; position < count; ++position) {
-        const QString found = equationComplaint(position);
+        QString found = equationComplaint(position);
         if (!found.isEmpty()) return found;
     }
     return variablesComplaint();

@@ -55,7 +55,7 @@ QString DocumentWitness::sidebarComplaint() const {
     if (model.rowCount() != 3) return QStringLiteral("the sidebar has %1 groups").arg(model.rowCount());
     int row = 0;
     for (const Group& group : expectedGroups(document_)) {
-        const QString found = groupComplaint(model, row++, group);
+        QString found = groupComplaint(model, row++, group);
         if (!found.isEmpty()) return found;
     }
     return {};
