@@ -127,6 +127,7 @@ private:
     void followPalette();
     void showMatch();
     void showDocument(QTextDocument* text);
+    void forgetDoubleClick();
     QTextCursor selectionToCopy() const;
 
     std::unique_ptr<Ui::HistoryMenu> menuUi_;

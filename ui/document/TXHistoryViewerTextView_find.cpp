@@ -3,6 +3,7 @@
 #include "ui/document/TXHistoryViewerTextView.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QMouseEvent>
 #include <QScrollBar>
 #include <QTextFrame>
 
@@ -91,6 +92,17 @@ void TXHistoryViewerTextView::showDocument(QTextDocument* text) {
     text->setDefaultFont(font());
     setDocument(text);
     text->documentLayout()->setPaintDevice(viewport());
+    forgetDoubleClick();
     showAllInReadableColors();
     emit textChanged();
+}
+
+// The editor goes on to extend the word or the line that was selected so, and would look for it in a text that is gone.
+// Only a click makes it forget; this one is far from every other, so that it is no third one.
+void TXHistoryViewerTextView::forgetDoubleClick() {
+    constexpr QPointF place(-10'000.0, -10'000.0);
+    QMouseEvent press(QEvent::MouseButtonPress, place, place, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    mousePressEvent(&press);
+    QMouseEvent release(QEvent::MouseButtonRelease, place, place, Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+    mouseReleaseEvent(&release);
 }

@@ -9,6 +9,7 @@
 #include <tuple>
 
 #include "tests/support/Sidebar.h"
+#include "tests/support/Warnings.h"
 #include "ui/document/FindBar.h"
 #include "ui/document/MiniModeAnswerField.h"
 
@@ -43,6 +44,26 @@ TEST(ClearHistory, leavesAViewLikeANewOne) {
     open.document.clearHistory();
     open.press(u"2+3⏎");
     EXPECT_EQ(look(), before);
+}
+
+// With Shift, a click extends what a double click selected before: but not when that is gone.
+TEST(ClearHistory, forgetsWhatWasSelectedByADoubleClick) {
+    OpenDocument open;
+    const Warnings warnings;
+    QWidget* const view = open.document.mainField()->viewport();
+    open.press(u"alpha=1000⏎");
+    const QPoint inWord = open.document.mainField()->cursorRect().topLeft() + QPoint(8, 2);
+    for (const bool isMeanwhileEntered : {false, true}) {
+        const QRect firstLine =
+            open.document.mainField()->cursorRect(QTextCursor(open.document.mainField()->document()));
+        QTest::mouseDClick(view, Qt::LeftButton, {}, firstLine.center() + QPoint(4, 0));
+        EXPECT_TRUE(open.document.mainField()->textCursor().hasSelection());
+        open.document.clearHistory();
+        if (isMeanwhileEntered) open.press(u"2⏎");
+        QTest::mouseClick(view, Qt::LeftButton, Qt::ShiftModifier, inWord);
+        open.press(u"beta=2⏎");
+    }
+    EXPECT_EQ(warnings.messages(), QStringList());
 }
 
 TEST(ClearHistory, isUndoneAsLongAsNothingElseHappened) {
