@@ -2,9 +2,7 @@
 
 #include <QGuiApplication>
 #include <QIcon>
-#include <QTimer>
 #include <chrono>
-#include <utility>
 
 #include "app/MainMenu.h"
 #include "app/OutlineStyle.h"
@@ -53,20 +51,21 @@ Application::Application() {
 void Application::start() {
     documents_.newDocument().documentWindow()->installEventFilter(this);
     // A window that begins minimized is not painted.
-    QTimer::singleShot(longestTimeWithoutIcon, this, &Application::showWindowIcon);
+    connect(&iconTimer_, &QTimer::timeout, this, &Application::showWindowIcon);
+    iconTimer_.setSingleShot(true);
+    iconTimer_.start(longestTimeWithoutIcon);
 }
 
 bool Application::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Paint) {
         watched->removeEventFilter(this);
-        QTimer::singleShot(0, this, &Application::showWindowIcon);
+        iconTimer_.start(0);
     }
     return QObject::eventFilter(watched, event);
 }
 
 // To look for the icon in the desktop's themes is a third of the work of a start.
 void Application::showWindowIcon() {
-    if (std::exchange(hasWindowIcon_, true)) return;
     // A theme may bring an icon of its own. Where none is installed, ours is at hand.
     QGuiApplication::setWindowIcon(QIcon::fromTheme(QString::fromUtf16(id), bundledIcon()));
 }

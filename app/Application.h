@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QTimer>
 
 #include "app/AppPreferencesController.h"
 #include "app/Appearance.h"
@@ -40,5 +41,5 @@ private:
     Appearance appearance_{colorScheme_};
     DocumentController documents_;
     AppPreferencesController preferences_{documents_};
-    bool hasWindowIcon_ = false;
+    QTimer iconTimer_;
 };

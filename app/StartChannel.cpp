@@ -135,7 +135,8 @@ public:
           arrivals_(socket_.descriptor(), QSocketNotifier::Read),
           open_(std::move(open)) {
         connect(&arrivals_, &QSocketNotifier::activated, this, &Client::take);
-        QTimer::singleShot(patience, this, &Client::leave);
+        connect(&patience_, &QTimer::timeout, this, &Client::leave);
+        patience_.start(patience);
     }
 
 private:
@@ -154,6 +155,7 @@ private:
     }
 
     void leave() {
+        patience_.stop();
         arrivals_.setEnabled(false);
         socket_ = LocalSocket();
         deleteLater();
@@ -161,6 +163,7 @@ private:
 
     LocalSocket socket_;
     QSocketNotifier arrivals_;
+    QTimer patience_;
     StartChannel::WindowOpener open_;
     QByteArray received_;
 };
@@ -207,6 +210,9 @@ void StartChannel::listen(WindowOpener openWindow) {
     if (!server_) return close();
     arrivals_ = std::make_unique<QSocketNotifier>(server_.descriptor(), QSocketNotifier::Read);
     QObject::connect(arrivals_.get(), &QSocketNotifier::activated, arrivals_.get(), [this] { attend(); });
+    pause_ = std::make_unique<QTimer>();
+    pause_->setSingleShot(true);
+    QObject::connect(pause_.get(), &QTimer::timeout, arrivals_.get(), [this] { arrivals_->setEnabled(true); });
 }
 
 void StartChannel::attend() {
@@ -226,7 +232,7 @@ void StartChannel::attend() {
 // Too many at once, or no file left for another one: else this would be tried again and again meanwhile.
 void StartChannel::pauseArrivals() {
     arrivals_->setEnabled(false);
-    QTimer::singleShot(pauseOfArrivals, arrivals_.get(), [this] { arrivals_->setEnabled(true); });
+    pause_->start(pauseOfArrivals);
 }
 
 void StartChannel::close() {

@@ -9,6 +9,7 @@
 #include "app/LocalSocket.h"
 
 class QSocketNotifier;
+class QTimer;
 
 /// Lets a program that is started again hand over to the one that runs already, of which there is one for each user and
 /// display.
@@ -61,4 +62,5 @@ private:
     WindowOpener openWindow_;
     LocalSocket server_;
     std::unique_ptr<QSocketNotifier> arrivals_;  ///< Those that have connected are its children.
+    std::unique_ptr<QTimer> pause_;              ///< Until the next one is taken in.
 };
