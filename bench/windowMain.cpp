@@ -33,7 +33,6 @@ using std::chrono::milliseconds;
 constexpr milliseconds quiet(150);  // more than an entry line waits before it helps, less than a caret blinks
 constexpr milliseconds patience(20'000);
 constexpr int measuredLines = 20;
-constexpr std::size_t linesAtOnce = 20;
 
 /// A running program, which is ended with this object.
 class Program {
@@ -108,8 +107,7 @@ struct Session {
     void enter(BenchLines& lines, std::size_t count) {
         for (std::size_t i = 0; i < count; ++i) {
             watch.type(lines.next() + '\n');
-            const bool isRowFull = (i + 1) % linesAtOnce == 0;  // the display keeps so many keys
-            if (isRowFull && !watch.waitForPaint(patience)) throw std::runtime_error("lines were not painted");
+            if (!watch.waitForPaint(patience)) throw std::runtime_error("a line was not painted");
         }
         watch.waitForQuiet(quiet);
     }
