@@ -41,8 +41,7 @@ void printBeforeDeath() {
 }
 
 void dieLate(int /*signal*/) {
-    print(stderr, QStringLiteral("tallix-monkey: an event takes more than a minute"));
-    std::abort();
+    if (present != nullptr) present->fail(QStringLiteral("an event takes more than a minute"));
 }
 
 }  // namespace
@@ -93,5 +92,8 @@ void Journal::printLastEvents() const {
 void Journal::fail(const QString& complaint) const {
     print(stderr, "tallix-monkey: " + complaint);
     printLastEvents();
+#if defined(__SANITIZE_ADDRESS__)
+    __sanitizer_print_stack_trace();
+#endif
     std::_Exit(EXIT_FAILURE);
 }

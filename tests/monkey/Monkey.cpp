@@ -55,7 +55,6 @@ Monkey::Deed Monkey::nextDeed() {
 }
 
 void Monkey::leaveInnerLoop() {
-    if (isResting_) return;
     journal_.add(QStringLiteral("and waits"));
     hands_.release();
     bringsKeyboardBack();

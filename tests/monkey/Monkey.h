@@ -88,7 +88,6 @@ private:
         QString event;
         Step step;
     };
-    bool isResting_ = false;
     bool broughtKeyboardBack_ = false;  ///< Just now, and not again before something else happened.
     std::deque<Planned> plan_;          ///< What is begun is mostly brought to its end.
 };

@@ -111,9 +111,7 @@ void Monkey::composeText() {
 // Long enough for what only shows itself when nobody types.
 void Monkey::rest() {
     journal_.begin(QStringLiteral("rests"));
-    isResting_ = true;
     QTest::qWait(longRest);
-    isResting_ = false;
 }
 
 void Monkey::pressKeyForWindow() {

@@ -179,11 +179,16 @@ void Monkey::operateDialog() {
 }
 
 // Nothing may be written, renamed or deleted outside the folder of the run: no other file can be chosen to print to.
+// Where none is named, the toolkit's own dialog would warn.
 void Monkey::guardPrinting() const {
     for (QWidget* window : QApplication::topLevelWidgets()) {
         const auto* const dialog = qobject_cast<QPrintDialog*>(window);
         if (dialog == nullptr) continue;
-        for (QLineEdit* field : dialog->findChildren<QLineEdit*>()) field->setReadOnly(true);
+        for (QLineEdit* field : dialog->findChildren<QLineEdit*>()) {
+            field->setReadOnly(true);
+            const bool isFileName = field->objectName() == u"filename";
+            if (isFileName && field->text().isEmpty()) field->setText(QStringLiteral("history.pdf"));
+        }
         for (QToolButton* button : dialog->findChildren<QToolButton*>()) button->setEnabled(false);
     }
 }

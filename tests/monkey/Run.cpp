@@ -1,6 +1,7 @@
 #include "tests/monkey/Run.h"
 
 #include <QApplication>
+#include <QThread>
 #include <QTimer>
 #include <cstdio>
 
@@ -47,10 +48,13 @@ void Run::useProgramOnce() {
     std::uint64_t nextLook = journal_.eventsBegun() + eventsBetweenLooks;
     QTimer pulse;
     QObject::connect(&pulse, &QTimer::timeout, &application, [&] {
+        ++turn_;
+        answerInInnerLoops(monkey, QThread::currentThread()->loopLevel());
         // All that the last event left to be done, and not only as much as there was time for.
         for (int round = 0; round < roundsOfLoop; ++round) QCoreApplication::processEvents();
         if (application.documents().documents().isEmpty()) return;
-        letAct(monkey);
+        monkey.act();
+        ++turn_;
         lookAtDocuments(application, &DocumentWitness::entriesComplaint);
         if (journal_.eventsBegun() >= nextLook) {
             lookAtDocuments(application, &DocumentWitness::complaint);
@@ -65,19 +69,11 @@ void Run::useProgramOnce() {
 
 // The pulse waits for the end of an event. Where the event itself waits for an answer, in a loop of its own, the answer
 // has to come from there; and so on in that one.
-void Run::letAct(Monkey& monkey) {
-    ++turn_;
-    isActing_ = true;
-    answerInInnerLoops(monkey);
-    monkey.act();
-    isActing_ = false;
-}
-
-void Run::answerInInnerLoops(Monkey& monkey) {
-    QTimer::singleShot(0, &inner_, [this, &monkey, turn = turn_] {
-        if (!isActing_ || turn != turn_) return;
-        answerInInnerLoops(monkey);
-        monkey.leaveInnerLoop();
+void Run::answerInInnerLoops(Monkey& monkey, int outerLevel) {
+    QTimer::singleShot(0, &inner_, [this, &monkey, outerLevel, turn = turn_] {
+        if (turn != turn_) return;
+        answerInInnerLoops(monkey, outerLevel);
+        if (QThread::currentThread()->loopLevel() > outerLevel) monkey.leaveInnerLoop();
     });
 }
 

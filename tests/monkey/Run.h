@@ -35,8 +35,7 @@ private:
     using Complaint = QString (DocumentWitness::*)() const;
 
     void useProgramOnce();
-    void letAct(Monkey& monkey);
-    void answerInInnerLoops(Monkey& monkey);
+    void answerInInnerLoops(Monkey& monkey, int outerLevel);
     void watch(Application& application);
     void lookAtDocuments(Application& application, Complaint complaintOf) const;
     void lookForRemains() const;
@@ -49,7 +48,6 @@ private:
     BeepCount beeps_;
     OpenedAddresses opened_;
     Sums sums_;
-    QObject inner_;  ///< Goes with its timers.
-    std::uint64_t turn_ = 0;
-    bool isActing_ = false;
+    QObject inner_;           ///< Goes with its timers.
+    std::uint64_t turn_ = 0;  ///< Answers are for the present one only.
 };
