@@ -84,7 +84,7 @@ void TXOutlineView::reloadData() {
     for (int row = 0; row < groups; ++row) {
         controller_->numberOfChildrenOfItem(controller_->itemAt(controller_->index(row, 0)));
     }
-    viewport()->update();
+    updateChangedRows();
 }
 
 void TXOutlineView::expandItem(const QModelIndex& item, bool expandChildren) {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QTreeView>
+#include <optional>
+#include <vector>
 
 class MyDocument;
 class QMenu;
@@ -10,7 +12,8 @@ class TXVariableOutlineViewController;
 /// The sidebar with the document's variables, in three groups that fold.
 ///
 /// All rows are equally high and only groups have members, so that the place of a row is worked out and never looked
-/// up: the toolkit's own tree lays out all its rows again with every new one. What is not in sight is never asked for.
+/// up: the toolkit's own tree lays out all its rows again with every new one. What is not in sight is never asked for,
+/// and what looks as it did is not painted again.
 class TXOutlineView : public QTreeView {
     Q_OBJECT
 
@@ -95,6 +98,16 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    /// All that makes one row look different from another.
+    struct SeenRow {
+        QString text;
+        bool isGroup;
+        bool isOpen;
+        bool isSelected;
+        bool hasFocus;
+        bool operator==(const SeenRow&) const = default;
+    };
+
     int rowHeight() const;
     int rowAtHeight(int y) const;
     int shownMembers(const QModelIndex& group) const;
@@ -103,6 +116,13 @@ private:
     QModelIndex parentOrFold(const QModelIndex& index);
     QModelIndex memberOrUnfold(const QModelIndex& index);
     void showFolding();
+    std::size_t numberOfRowsInSight() const;
+    SeenRow seenRow(int row) const;
+    /// Has the rows in sight painted again that differ from what was painted of them last.
+    void updateChangedRows();
+    /// Notes what the rows look like that were painted; one of which only a part was, and which changed, is unknown
+    /// then.
+    void noteSeen(const QRegion& painted);
     void leaveFolded(const QModelIndex& group);
     QModelIndex selectedIndex() const;
     void tellFocusedRow();
@@ -112,5 +132,7 @@ private:
     QMenu* wrappingMenu_ = nullptr;
     MyDocument* parentDocument_ = nullptr;
     TXVariableOutlineViewController* controller_ = nullptr;
-    bool isPressTaken_ = false;  ///< Until the button is released, the pointer does nothing more.
+    bool isPressTaken_ = false;                     ///< Until the button is released, the pointer does nothing more.
+    std::vector<std::optional<SeenRow>> seenRows_;  ///< What is painted, by row, from the first in sight; or unknown.
+    int seenOffset_ = -1;                           ///< The vertical offset of that.
 };

@@ -109,7 +109,47 @@ void TXOutlineView::rowsInserted(const QModelIndex& parent, int start, int end) 
 
 void TXOutlineView::showFolding() {
     updateGeometries();
-    viewport()->update();
+    updateChangedRows();
+}
+
+std::size_t TXOutlineView::numberOfRowsInSight() const {
+    return static_cast<std::size_t>(std::max(0, rowAtHeight(viewport()->height() - 1) - rowAtHeight(0) + 1));
+}
+
+TXOutlineView::SeenRow TXOutlineView::seenRow(int row) const {
+    const QModelIndex index = indexAtRow(row);
+    return {index.data().toString(), !index.parent().isValid(), isExpanded(index), selectionModel()->isSelected(index),
+            hasFocus() && index == currentIndex()};
+}
+
+void TXOutlineView::updateChangedRows() {
+    if (seenOffset_ != verticalOffset() || seenRows_.size() != numberOfRowsInSight()) {
+        viewport()->update();
+        return;
+    }
+    int row = rowAtHeight(0);
+    for (const std::optional<SeenRow>& seen : seenRows_) {
+        if (seen != seenRow(row)) viewport()->update(rowRect(row));
+        ++row;
+    }
+}
+
+void TXOutlineView::noteSeen(const QRegion& painted) {
+    const std::size_t rows = numberOfRowsInSight();
+    if (seenOffset_ != verticalOffset() || seenRows_.size() != rows) {
+        seenOffset_ = verticalOffset();
+        seenRows_.assign(rows, std::nullopt);
+    }
+    int row = rowAtHeight(0);
+    for (std::optional<SeenRow>& seen : seenRows_) {
+        const QRect rect = rowRect(row) & viewport()->rect();
+        if (painted.intersects(rect)) {
+            SeenRow now = seenRow(row);
+            const bool isWhole = QRegion(rect).subtracted(painted).isEmpty();
+            if (seen != now) seen = isWhole ? std::optional(std::move(now)) : std::nullopt;
+        }
+        ++row;
+    }
 }
 
 // What is folded away is neither selected nor current.
@@ -136,7 +176,10 @@ void TXOutlineView::resizeEvent(QResizeEvent* event) {
 
 void TXOutlineView::changeEvent(QEvent* event) {
     QTreeView::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) showFolding();
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        showFolding();
+        viewport()->update();
+    }
 }
 
 void TXOutlineView::paintEvent(QPaintEvent* event) {
@@ -145,8 +188,9 @@ void TXOutlineView::paintEvent(QPaintEvent* event) {
     initViewItemOption(&option);
     const int end = std::min(numberOfRows(), rowAtHeight(event->rect().bottom()) + 1);
     for (int row = std::max(0, rowAtHeight(event->rect().top())); row < end; ++row) {
-        drawRow(&painter, option, indexAtRow(row));
+        if (event->region().intersects(rowRect(row))) drawRow(&painter, option, indexAtRow(row));
     }
+    noteSeen(event->region());
 }
 
 void TXOutlineView::drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
