@@ -8,6 +8,7 @@ Nothing here sleeps for a fixed time: it waits for what is to happen, and fails 
 """
 
 import contextlib
+import functools
 import os
 import pathlib
 import re
@@ -252,13 +253,18 @@ class Desktop:
         open_it()
         self.wait_for(lambda: self.shown() > before, "the menu")
         yield
-        self.wait_for(lambda: self.shown() == before, "the end of the menu")
+        self.wait_for(lambda: self.shown() <= before, "the end of the menu")
 
     def choose(self, opener, *keys):
-        """Opens a menu with a key and chooses with others what opens no window. Keys that come before the menu is gone
-        would be its own."""
-        with self.menu(lambda: self.key(opener)):
-            self.key(*keys)
+        """Opens a menu with a key and its submenus with others, and chooses with the last what opens no window.
+
+        A submenu opens a moment after its key, and until then the next key would be the outer menu's own, as keys are
+        that come before all of them are gone."""
+        *openers, last = (opener, *keys)
+        with contextlib.ExitStack() as menus:
+            for key in openers:
+                menus.enter_context(self.menu(functools.partial(self.key, key)))
+            self.key(last)
 
     def open_and_close_menu(self, key):
         """Opens a menu with the key and leaves it, and then the menu bar."""

@@ -368,7 +368,9 @@ class Formats(SessionTest):
         desktop.enter("12345.678")
         desktop.choose("alt+o", "n", "s")  # Scientific
         desktop.enter("/1")
-        desktop.key("Tab", "Tab", "space", "s", "3", "shift+Tab", "shift+Tab")  # 3 significant figures
+        desktop.key("Tab", "Tab")
+        desktop.choose("space", "s", "3")  # 3 significant figures
+        desktop.key("shift+Tab", "shift+Tab")
         desktop.enter("ans*1")
         desktop.choose("alt+o", "a", "d")  # Degrees
         desktop.choose("alt+o", "n", "d")  # Decimal
@@ -750,7 +752,9 @@ class Accessibility(AccessibilityTest):
         self.change_window()
         self.assert_described("Answer", "0xC0E4")
         self.assert_described("Format", "deg Hexadecimal")
-        self.assert_quits_after("ctrl+q")
+        # Not by its key: the toolkit keeps each key until the screen reader has seen it, and loses the last at the end.
+        desktop.act(self.program, "Quit", "Press")
+        self.assertEqual(self.program.outcome(), (0, ""))
 
 
 class Colors(DesktopTest):
