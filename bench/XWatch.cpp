@@ -21,6 +21,12 @@ std::unique_ptr<Type, decltype(&std::free)> owned(Type* object) {
     return {object, &std::free};
 }
 
+/// A caret blinks by a clock of its own, whatever is typed.
+bool isCaret(const xcb_rectangle_t& painted) {
+    constexpr int caretWidth = 16;  // with what the toolkit paints around it
+    return painted.width <= caretWidth && painted.height > painted.width;
+}
+
 }  // namespace
 
 XWatch::XWatch() : connection_(xcb_connect(nullptr, nullptr)) {
@@ -73,6 +79,7 @@ std::optional<std::pair<xcb_window_t, bool>> XWatch::nextPaint(Time until) {
             watch(reinterpret_cast<const xcb_reparent_notify_event_t*>(event.get())->window);
         } else if (type == damageEvent_) {
             const auto* painted = reinterpret_cast<const xcb_damage_notify_event_t*>(event.get());
+            if (isCaret(painted->area)) continue;
             const int area = painted->area.width * painted->area.height;
             lastPaint_ = Clock::now();
             return std::pair(painted->drawable, 2 * area >= painted->geometry.width * painted->geometry.height);

@@ -14,8 +14,8 @@
 
 /// Watches from outside what the programs on an X display paint, and presses keys there.
 ///
-/// Windows count from when the window manager takes them over. Times are those at which the display told of what
-/// happened.
+/// Windows count from when the window manager takes them over. A blinking caret is not painting. Times are those at
+/// which the display told of what happened.
 class XWatch {
 public:
     using Clock = std::chrono::steady_clock;

@@ -32,6 +32,8 @@ using std::chrono::milliseconds;
 
 constexpr milliseconds quiet(150);  // more than an entry line waits before it helps, less than a caret blinks
 constexpr milliseconds patience(20'000);
+constexpr milliseconds breath(20);  // between lines that are not measured
+constexpr std::size_t linesInOneBreath = 50;
 constexpr int measuredLines = 20;
 
 /// A running program, which is ended with this object.
@@ -105,11 +107,33 @@ struct Session {
     }
 
     void enter(BenchLines& lines, std::size_t count) {
-        for (std::size_t i = 0; i < count; ++i) {
-            watch.type(lines.next() + '\n');
-            if (!watch.waitForPaint(patience)) throw std::runtime_error("a line was not painted");
+        for (std::size_t entered = 0; entered < count;) {
+            const std::int64_t before = program.processorTime();
+            std::string text;
+            for (const std::size_t end = std::min(count, entered + linesInOneBreath); entered < end; ++entered) {
+                text += lines.next() + '\n';
+            }
+            watch.type(text);
+            waitForRest(before);
         }
         watch.waitForQuiet(quiet);
+    }
+
+    /// Waits until the program has used more processor time than `before`, and now hardly uses any.
+    ///
+    /// That nothing is painted would not say so: a program that reads keys may paint when it has read them all.
+    void waitForRest(std::int64_t before) {
+        const auto until = XWatch::Clock::now() + patience;
+        bool isAtRest = false;
+        while (!isAtRest) {
+            if (XWatch::Clock::now() > until) throw std::runtime_error("the program does not come to rest");
+            const std::int64_t used = program.processorTime();
+            const auto asked = XWatch::Clock::now();
+            watch.waitForQuiet(breath);
+            const std::chrono::nanoseconds waited = XWatch::Clock::now() - asked;
+            const std::int64_t now = program.processorTime();
+            isAtRest = now > before && now - used < waited.count() / 10;
+        }
     }
 
     XWatch watch;
