@@ -24,6 +24,16 @@ QIcon bundledIcon() {
     return icon;
 }
 
+/// An icon for windows. All its pictures go to the display with every window, and larger ones would be most of that.
+QIcon withoutLargePictures(const QIcon& icon) {
+    constexpr int largest = 128;
+    QIcon small;
+    for (const QSize& size : icon.availableSizes()) {
+        if (size.width() <= largest && size.height() <= largest) small.addPixmap(icon.pixmap(size, 1.0));
+    }
+    return small.isNull() ? icon : small;
+}
+
 }  // namespace
 
 void Application::introduce() {
@@ -67,7 +77,7 @@ bool Application::eventFilter(QObject* watched, QEvent* event) {
 // To look for the icon in the desktop's themes is a third of the work of a start.
 void Application::showWindowIcon() {
     // A theme may bring an icon of its own. Where none is installed, ours is at hand.
-    QGuiApplication::setWindowIcon(QIcon::fromTheme(QString::fromUtf16(id), bundledIcon()));
+    QGuiApplication::setWindowIcon(withoutLargePictures(QIcon::fromTheme(QString::fromUtf16(id), bundledIcon())));
 }
 
 void Application::listen(StartChannel& channel) {

@@ -6,7 +6,8 @@
 //                processor time of the program for them
 //     variables  the same after COUNT lines that each make a variable
 //     close      how long it takes to end after COUNT lines
-//     documents  how long each of COUNT more windows takes until it was painted
+//     documents  how long each of COUNT more windows takes until it was painted, and the processor time of the program
+//                for it until nothing is painted any more
 // Times are in microseconds, memory in bytes.
 #include <algorithm>
 #include <charconv>
@@ -182,7 +183,9 @@ void measureClose(Session& session, std::size_t count) {
 void measureDocuments(Session& session, std::size_t count) {
     std::set<xcb_window_t> known{session.window};
     std::vector<double> painted;
+    std::vector<double> processor;
     for (std::size_t i = 0; i < count; ++i) {
+        const std::int64_t before = session.program.processorTime();
         const auto pressed = XWatch::Clock::now();
         session.watch.pressControl('n');
         const auto next = session.watch.waitForNewWindow(known, patience);
@@ -190,9 +193,11 @@ void measureDocuments(Session& session, std::size_t count) {
         painted.push_back(microseconds(next->time - pressed));
         known.insert(next->window);
         session.watch.waitForQuiet(quiet);
+        processor.push_back(static_cast<double>(session.program.processorTime() - before) / 1000);
     }
     std::printf("{\n");
-    print("painted", painted, "");
+    print("painted", painted, ",");
+    print("processor", processor, "");
     std::printf("}\n");
 }
 

@@ -61,24 +61,22 @@ int UserDefaults::integerForKey(const char* key) const {
     return isSingle(value) ? value.toString().toInt() : 0;
 }
 
-void UserDefaults::setInteger(int number, const char* key) { settings_.setValue(key, number); }
+void UserDefaults::setInteger(int number, const char* key) { store(number, key); }
 
 QString UserDefaults::stringForKey(const char* key) const {
     const QVariant value = valueForKey(key);
     return isSingle(value) ? value.toString() : QString();
 }
 
-void UserDefaults::setString(const QString& text, const char* key) { settings_.setValue(key, text); }
+void UserDefaults::setString(const QString& text, const char* key) { store(text, key); }
 
 bool UserDefaults::boolForKey(const char* key, bool fallback) const { return booleanOf(valueForKey(key), fallback); }
 
-void UserDefaults::setBool(bool isTrue, const char* key) { settings_.setValue(key, isTrue); }
+void UserDefaults::setBool(bool isTrue, const char* key) { store(isTrue, key); }
 
 QVariant UserDefaults::interfaceValueForKey(const QString& key) const { return valueForKey(interfaceKey(key)); }
 
-void UserDefaults::setInterfaceValue(const QVariant& value, const QString& key) {
-    settings_.setValue(interfaceKey(key), value);
-}
+void UserDefaults::setInterfaceValue(const QVariant& value, const QString& key) { store(value, interfaceKey(key)); }
 
 bool UserDefaults::interfaceBoolForKey(const QString& key, bool fallback) const {
     return booleanOf(valueForKey(interfaceKey(key)), fallback);
@@ -88,4 +86,11 @@ QVariant UserDefaults::valueForKey(const QString& key) const {
     // A file written by something else may hold types that Qt complains about.
     const SilencedMessages silenced;
     return settings_.value(key);
+}
+
+// To write the file takes milliseconds until it is on the disk, and each start would, for what it leaves there.
+void UserDefaults::store(const QVariant& value, const QString& key) {
+    const QVariant stored = valueForKey(key);
+    const bool isSame = isSingle(value) ? isSingle(stored) && stored.toString() == value.toString() : stored == value;
+    if (!isSame) settings_.setValue(key, value);
 }

@@ -44,6 +44,8 @@ public:
     bool interfaceBoolForKey(const QString& key, bool fallback) const;
 
 private:
+    /// Writes nothing where the value is stored already.
+    void store(const QVariant& value, const QString& key);
     QVariant valueForKey(const QString& key) const;
 
     QSettings settings_;

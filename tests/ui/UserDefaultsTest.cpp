@@ -4,6 +4,7 @@
 
 #include <QDateTime>
 #include <QDeadlineTimer>
+#include <QRect>
 #include <algorithm>
 #include <ostream>
 
@@ -56,6 +57,26 @@ TEST(UserDefaults, storesChoicesAtTopLevelAndTheRestInAGroup) {
         EXPECT_FALSE(defaults.interfaceValueForKey(number).isValid());
     }
     EXPECT_EQ(settings.text(), "[General]\nTXPreferenceRevision=1\n\n[interface]\nsidebarWidth=200\n");
+}
+
+TEST(UserDefaults, leavesTheFileAloneWhereTheValueIsStoredAlready) {
+    const SettingsFolder settings;
+    const char* const written =
+        "; by hand\n[General]\nTXPreferenceRevision = 1\nTXExponentsCharacter=\",\"\n"
+        "TXUsesRadiansForNewDocuments=true\n[interface]\nsidebarWidth=200\nplace=@Rect(1 2 3 4)\n";
+    settings.write(written);
+    const auto store = [](const QRect& place) {
+        UserDefaults defaults;
+        defaults.setInteger(1, number);
+        defaults.setString(",", text);
+        defaults.setBool(true, boolean);
+        defaults.setInterfaceValue(200, "sidebarWidth");
+        defaults.setInterfaceValue(place, "place");
+    };
+    store({1, 2, 3, 4});
+    EXPECT_EQ(settings.text(), written);
+    store({1, 2, 3, 5});
+    EXPECT_NE(settings.text(), written);
 }
 
 struct StoredCase {
