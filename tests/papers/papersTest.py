@@ -319,6 +319,8 @@ PROOFS = [
      proved_in_short(lambda _: "tallix-models evaluator 20000 7 && tallix-models formatter 20000 7")),
     (r"build/\w+/bin/tallix-replay-session PATH$",
      proved_in_short(lambda _: f"tallix-replay-session {ROOT}/fuzz/corpus/session")),
+    (r"build/\w+/bin/tallix-monkey --seed \d+ --events \d+ --trace$",
+     proved_in_short(lambda _: "tallix-monkey --seed 7 --events 40 --trace")),
 ]
 # Names that stand for several programs or are only spoken of.
 SPOKEN_OF = re.compile(r"tallix-(?:replay|fuzz|bench)-(?:NAME|\w+)$")
