@@ -344,7 +344,9 @@ TEST(SidebarPainting, paintsARowAgainOfWhichOnlyAPartIsUpToDate) {
         model.appendRow(new QStandardItem(title));
         model.item(model.rowCount() - 1)->appendRow(new QStandardItem("member"));
     }
+    TXVariableOutlineViewController controller;
     TXOutlineView view;
+    view.setController(&controller);
     view.setModel(&model);
     view.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
