@@ -98,13 +98,13 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    /// All that makes one row look different from another.
+    /// All that makes one row look different from another; as it begins, where there is none.
     struct SeenRow {
         QString text;
-        bool isGroup;
-        bool isOpen;
-        bool isSelected;
-        bool hasFocus;
+        bool isGroup = false;
+        bool isOpen = false;
+        bool isSelected = false;
+        bool hasFocus = false;
         bool operator==(const SeenRow&) const = default;
     };
 

@@ -118,6 +118,7 @@ std::size_t TXOutlineView::numberOfRowsInSight() const {
 
 TXOutlineView::SeenRow TXOutlineView::seenRow(int row) const {
     const QModelIndex index = indexAtRow(row);
+    if (!index.isValid()) return {};
     return {index.data().toString(), !index.parent().isValid(), isExpanded(index), selectionModel()->isSelected(index),
             hasFocus() && index == currentIndex()};
 }

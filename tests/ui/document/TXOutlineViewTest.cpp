@@ -338,6 +338,14 @@ TEST(SidebarPainting, paintsNoRowThatLooksAsItDid) {
     EXPECT_EQ(painted.take(), QStringList({"ans=4", "x=4"}));
 }
 
+TEST(SidebarPainting, paintsNothingWithoutAModel) {
+    TXOutlineView view;
+    view.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
+    const QImage empty = view.grab().toImage();
+    EXPECT_EQ(empty.pixelColor(empty.rect().center()), view.palette().color(QPalette::Window));
+}
+
 TEST(SidebarPainting, paintsARowAgainOfWhichOnlyAPartIsUpToDate) {
     QStandardItemModel model;
     for (const char* title : {"first", "second"}) {
