@@ -467,7 +467,7 @@ class Kill(unittest.TestCase):
         new, duration = self.new_content()
         self.assertIn(b"TXAppRevision=9\n", new)
         self.assertEqual(new.count(b"\nvalue"), 2000)
-        rounds = [self.kill_round(random.uniform(0, 1.2 * duration) if number % 2 else None, new)
+        rounds = [self.kill_round(random.uniform(0, 2 * duration) if number % 2 else None, new)
                   for number in range(self.ROUNDS)]
         self.assertGreater(sum(is_new for is_new, _ in rounds), 0)
         self.assertGreater(sum(not is_new for is_new, _ in rounds), 0)
