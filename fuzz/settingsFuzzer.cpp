@@ -10,6 +10,7 @@
 #include <QMap>
 #include <QRegularExpression>
 #include <QScreen>
+#include <QStringEncoder>
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -61,6 +62,13 @@ private:
     QString path_;
 };
 
+/// The text as a file holds it: half of a surrogate pair, which a `\x` can make, has no UTF-8.
+QString writable(const QString& text) {
+    QStringEncoder encoder(QStringEncoder::Utf8);
+    const QByteArray bytes = encoder(text);
+    return QString::fromUtf8(bytes);
+}
+
 /// What the program finds under each of its keys.
 QMap<QString, QString> storedValues() {
     const UserDefaults defaults;
@@ -68,14 +76,14 @@ QMap<QString, QString> storedValues() {
     for (const char* key : choiceKeys) {
         values[key] =
             QStringLiteral("%1 %2 %3").arg(defaults.integerForKey(key)).arg(defaults.boolForKey(key, true) ? 1 : 0);
-        values[key] += defaults.stringForKey(key);
+        values[key] += writable(defaults.stringForKey(key));
     }
     for (const char* key : interfaceKeys) {
         const QVariant value = defaults.interfaceValueForKey(key);
         const QRect place = value.toRect();
         values[key] =
             QStringLiteral("%1 %2 %3 %4").arg(place.x()).arg(place.y()).arg(place.right()).arg(place.bottom());
-        values[key] += value.toString() + QString::number(defaults.interfaceBoolForKey(key, true) ? 1 : 0);
+        values[key] += writable(value.toString()) + QString::number(defaults.interfaceBoolForKey(key, true) ? 1 : 0);
     }
     return values;
 }

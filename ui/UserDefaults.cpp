@@ -3,12 +3,13 @@
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
+#include <QStringList>
 
 #include "ui/SilencedMessages.h"
 
 namespace {
 
-/// Whether the value is one text, number or Boolean: an unquoted comma in the file makes it a list.
+/// Whether the value is a plain text in the file once Qt has written it. An unquoted comma in the file makes it a list.
 bool isSingle(const QVariant& value) {
     switch (value.typeId()) {
         case QMetaType::QString:
@@ -16,7 +17,9 @@ bool isSingle(const QVariant& value) {
         case QMetaType::UInt:
         case QMetaType::LongLong:
         case QMetaType::ULongLong:
+        case QMetaType::Float:
         case QMetaType::Double:
+        case QMetaType::QKeySequence:
         case QMetaType::Bool: return true;
         default: return false;
     }
@@ -83,9 +86,13 @@ bool UserDefaults::interfaceBoolForKey(const QString& key, bool fallback) const 
 }
 
 QVariant UserDefaults::valueForKey(const QString& key) const {
-    // A file written by something else may hold types that Qt complains about.
+    // A file written by something else may hold types that Qt complains about. What this program never stores is none
+    // of its user's choices.
     const SilencedMessages silenced;
-    return settings_.value(key);
+    const QVariant value = settings_.value(key);
+    if (isSingle(value) || value.typeId() == QMetaType::QRect) return value;
+    const QStringList texts = value.typeId() == QMetaType::QStringList ? value.toStringList() : QStringList();
+    return texts.size() == 1 ? texts.constFirst() : QVariant();  // Qt writes a list of one text as the text alone
 }
 
 // To write the file takes milliseconds until it is on the disk, and each start would, for what it leaves there.

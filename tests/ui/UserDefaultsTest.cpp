@@ -7,6 +7,7 @@
 #include <QRect>
 #include <algorithm>
 #include <ostream>
+#include <tuple>
 
 #include <gtest/gtest.h>
 #include <sys/socket.h>
@@ -105,6 +106,23 @@ TEST_P(StoredValue, isReadAsWhatItIs) {
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
+// Qt writes everything anew when anything is stored, and some of it in another form.
+TEST_P(StoredValue, isReadTheSameOnceSomethingElseIsStored) {
+    const SettingsFolder settings;
+    const QByteArray value = GetParam().stored;
+    settings.write("[interface]\nvalue=" + value + "\n");
+    const auto read = [] {
+        const UserDefaults defaults;
+        const bool isTrue = defaults.interfaceBoolForKey("value", true);
+        return std::make_tuple(defaults.interfaceValueForKey("value").toString(),
+                               defaults.interfaceValueForKey("value").toRect(), isTrue);
+    };
+    const auto before = read();
+    UserDefaults().setInteger(1, number);
+    EXPECT_NE(settings.text().indexOf("TXPreferenceRevision=1"), -1);
+    EXPECT_EQ(read(), before);
+}
+
 // clang-format off
 INSTANTIATE_TEST_SUITE_P(Values, StoredValue, testing::Values(
     //         name              stored                                  integer  string        boolean  fallback
@@ -122,6 +140,10 @@ INSTANTIATE_TEST_SUITE_P(Values, StoredValue, testing::Values(
     StoredCase{"List",           "1,1",                                  0,       "",           false,   true},
     StoredCase{"NoValue",        "@Invalid()",                           0,       "",           false,   true},
     StoredCase{"Rectangle",      "@Rect(1 2 3 4)",                       0,       "",           false,   true},
+    StoredCase{"SmallNumber",    "@Variant(\\0\\0\\0\\x87?\\x80\\0\\0)",     1,       "1",          true,    false},
+    StoredCase{"ListOfOne",      "@Variant(\\0\\0\\0\\xb\\0\\0\\0\\x1\\0\\0\\0\\x2\\0\\x31)", 1, "1", true, false},
+    StoredCase{"Shortcut",       "@Variant(\\0\\0\\0L\\0\\0\\0\\x1\\0\\0\\0\\x2c)",  0,   ",",          false,   true},
+    StoredCase{"OtherRectangle", "@Variant(\\0\\0\\0\\x14" "00000000000000000000000000000000)", 0, "", false, true},
     StoredCase{"UnknownType",    "@Variant(\\0\\0\\0\\x7f\\0\\0\\0\\x5zork\\0)", 0, "",         false,   true},
     StoredCase{"CutOffType",     "@Variant(\\0\\0)",                     0,       "",           false,   true}
 ), [](const auto& row) { return row.param.name; });
