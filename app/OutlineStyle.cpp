@@ -1,9 +1,12 @@
 #include "app/OutlineStyle.h"
 
 #include <QApplication>
+#include <QImage>
 #include <QPainter>
 #include <QPointer>
 #include <QStyleOption>
+#include <algorithm>
+#include <cmath>
 
 #include "app/LaterIcon.h"
 #include "ui/document/contrast.h"
@@ -45,6 +48,8 @@ QColor changedUntil(const IsVisible& isVisible, const QColor& from, const QColor
     for (int share = step; !isVisible(color) && share <= whole; share += step) color = mixed(text, from, share);
     return color;
 }
+
+bool isWhole(qreal number) { return std::floor(number) == number; }
 
 /// Whether a frame of this colour cannot be seen around an area of the base's.
 bool isLost(const QColor& color, const QPalette& palette) { return hairlineColor(color, palette) != color; }
@@ -149,10 +154,38 @@ void OutlineStyle::drawControl(ControlElement element, const QStyleOption* optio
     }
 }
 
+// Qt shares out the filling of more than 64 rows of pixels among threads. For something as narrow as a scroll bar, to
+// wake them takes ten times as long as to fill it, and those of the history and the sidebar change with every line. So
+// it is drawn in pieces. Each has an image of its own, since Fusion does not keep to the painter's clip.
+void OutlineStyle::drawInPieces(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                                const QWidget* widget) const {
+    constexpr int mostRows = 64;
+    const int scale = std::max(1, static_cast<int>(painter->device()->devicePixelRatioF()));
+    const int height = std::max(1, mostRows / scale);
+    QImage piece(option->rect.width() * scale, height * scale, QImage::Format_ARGB32_Premultiplied);
+    piece.setDevicePixelRatio(scale);
+    for (int top = option->rect.top(); top <= option->rect.bottom(); top += height) {
+        const QPoint corner(option->rect.left(), top);
+        piece.fill(Qt::transparent);
+        QPainter onPiece(&piece);
+        onPiece.translate(-corner);
+        QProxyStyle::drawComplexControl(control, option, &onPiece, widget);
+        painter->drawImage(corner, piece);
+    }
+}
+
 // Fusion's own slider hardly differs from its groove.
 void OutlineStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
                                       const QWidget* widget) const {
-    QProxyStyle::drawComplexControl(control, option, painter, widget);
+    // Between the pixels of a screen, as of one that is scaled by a half, pieces would not meet.
+    const bool isOnPixels = painter->deviceTransform().type() <= QTransform::TxScale &&
+                            isWhole(painter->device()->devicePixelRatioF()) &&
+                            isWhole(painter->deviceTransform().dx()) && isWhole(painter->deviceTransform().dy());
+    if (control == CC_ScrollBar && isOnPixels) {
+        drawInPieces(control, option, painter, widget);
+    } else {
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+    }
     const auto* const bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
     if (control != CC_ScrollBar || bar == nullptr || bar->minimum == bar->maximum) return;
     const QColor groove = grooveFrom(bar->palette.color(QPalette::Button));

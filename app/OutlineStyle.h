@@ -30,6 +30,8 @@ private:
     template <typename Option>
     void drawOutlined(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                       const QWidget* widget) const;
+    void drawInPieces(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                      const QWidget* widget) const;
     const QPalette& outlinedPalette(const QPalette& palette) const;
 
     mutable QHash<qint64, QPalette> outlinedPalettes_;  ///< By the keys of those they were made from.

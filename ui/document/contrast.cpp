@@ -1,7 +1,9 @@
 #include "ui/document/contrast.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstddef>
 
 namespace {
 
@@ -9,12 +11,22 @@ constexpr int whole = 255;
 constexpr int step = 15;
 constexpr double noticeableContrast = 1.1;
 
+using Parts = std::array<double, whole + 1>;
+
+// The light of each part of a colour.
+Parts lightOfParts() {
+    Parts light{};
+    for (std::size_t part = 0; part < light.size(); ++part) {
+        const double share = static_cast<double>(part) / whole;
+        light[part] = share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+    }
+    return light;
+}
+
 // How bright a colour looks, from 0 to 1.
 double luminance(const QColor& color) {
-    const auto linear = [](int part) {
-        const double share = part / 255.0;
-        return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
-    };
+    static const Parts light = lightOfParts();  // asked for with every key and row
+    const auto linear = [](int part) { return light[static_cast<std::size_t>(part)]; };
     return 0.2126 * linear(color.red()) + 0.7152 * linear(color.green()) + 0.0722 * linear(color.blue());
 }
 
