@@ -89,7 +89,7 @@ QVariant UserDefaults::valueForKey(const QString& key) const {
     // A file written by something else may hold types that Qt complains about. What this program never stores is none
     // of its user's choices.
     const SilencedMessages silenced;
-    const QVariant value = settings_.value(key);
+    QVariant value = settings_.value(key);
     if (isSingle(value) || value.typeId() == QMetaType::QRect) return value;
     const QStringList texts = value.typeId() == QMetaType::QStringList ? value.toStringList() : QStringList();
     return texts.size() == 1 ? texts.constFirst() : QVariant();  // Qt writes a list of one text as the text alone
