@@ -155,7 +155,7 @@ void OutlineStyle::drawControl(ControlElement element, const QStyleOption* optio
 }
 
 // Qt shares out the filling of more than 64 rows of pixels among threads. For something as narrow as a scroll bar, to
-// wake them takes ten times as long as to fill it, and those of the history and the sidebar change with every line. So
+// wake them takes longer than to fill it, and those of the history and the sidebar change with every line. So
 // it is drawn in pieces. Each has an image of its own, since Fusion does not keep to the painter's clip.
 void OutlineStyle::drawInPieces(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
                                 const QWidget* widget) const {
